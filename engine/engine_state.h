@@ -1,0 +1,118 @@
+// The book engine's one process-wide state.
+//
+// The engine is a command-driven reader written as plain functions over this
+// record: every function reads and writes `engine` directly, nothing is
+// allocated per call, and all texts are Shift-JIS bytes. A run (engine_main)
+// resets the fields that start from the environment and leaves the others as
+// the last run left them.
+#ifndef ENGINE_ENGINE_STATE_H_
+#define ENGINE_ENGINE_STATE_H_
+
+#include <cstdint>
+#include <cstdio>
+
+// EngineFlags: bits 0..17 are debug flags (set by -S and CDDEBUG), bits
+// 18..23 are modes that -S keeps.
+enum : uint32_t {
+  DF_NO_ITEM_SPLIT = 0x1,        // item separators suppressed; half-width gaiji table used
+  DF_KEEP_FULL_KANA = 0x2,       // kana in half-width runs stay full width
+  DF_NO_KEY_SYMBOLS = 0x4,       // symbols are dropped from a search key
+  DF_HIDE_LINKS = 0x8,           // link information is not shown
+  DF_MARGIN_SPLIT = 0x10,        // a left-margin code ends an item
+  DF_1F41_SPLIT = 0x20,          // code 1F41 ends an item
+  DF_INDEX_HIRAGANA = 0x100,     // katakana in index entries compare as hiragana
+  DF_FILE_DOT = 0x200,           // a file name without extension gets a final '.'
+  DF_COLOUR = 0x400,             // attributes shown by terminal colour sequences
+  DF_VERBOSE = 0x800,            // control codes shown as marks
+  DF_NO_STOP = 0x1000,           // output does not stop at an end mark
+  DF_DUMP = 0x2000,              // an article is shown as a hexadecimal dump
+  DF_TRACE = 0x4000,             // search and font dumps show debug lines
+  DF_IGNORE_ERRORS = 0x8000,     // reported by -A only
+  DF_SCAN_NO_DEFAULTS = 0x10000, // -T takes no starting values
+  DF_NO_BACKSLASH = 0x20000,     // '\' is not turned into '/' in a drive path
+
+  DF_ENGLISH = 0x40000,          // books hold 8-bit text
+  DF_SYNONYM_INDEX = 0x80000,    // a digit-led argument is a keyword
+  DF_ENCYCLOPEDIA = 0x100000,    // encyclopedia book type
+  DF_EBOOK = 0x200000,           // Electronic Book type
+  DF_FILE_TABLE = 0x400000,      // positions go through file_table
+  DF_GROUP_SEARCH = 0x800000,    // a group-structured index search runs
+
+  DF_MODE_MASK = 0xFC0000,       // the mode bits that -S keeps
+};
+
+// Display attributes of body text (text_attribute).
+enum : uint32_t {
+  TA_HALF = 0x01,    // half-width run
+  TA_SUPER = 0x02,   // superscript
+  TA_SUB = 0x04,     // subscript
+  TA_BOLD = 0x08,    // bold
+  TA_ITALIC = 0x10,  // italic
+};
+
+// Bytes in a path buffer; paths are limited to one less.
+constexpr int kPathSize = 512;
+// Articles remembered per argument so none is shown twice.
+constexpr int kSeenMax = 512;
+// Members of a group waiting to be printed.
+constexpr int kCandidateMax = 300;
+
+// One row of a logical file table: files laid end to end in one address space.
+struct LogicalFile {
+  int32_t first_page;  // position of the file's first byte divided by 2048
+  const char* name;    // path relative to drive_path; null ends the table
+  FILE* stream;        // the file while open, else null
+};
+
+// Where engine_catalog collects the titles of a -C listing.
+struct CaptureBuffer {
+  char* buffer;  // caller's buffer, not owned; null when no capture runs
+  int32_t size;  // bytes in buffer
+  int32_t used;  // bytes the listing so far needs, without the final NUL
+};
+
+struct EngineState {
+  char drive_path[kPathSize];   // root of the book tree, ends in '/' once set
+  char single_file[kPathSize];  // text file opened directly when not empty
+  uint32_t flags;               // EngineFlags
+  int32_t book_number;          // book selected from the catalog, from 0
+  int32_t index_id;             // index to search; -1 forward, -2 backward
+  int32_t multi_index;          // multi-search definition (-X), from 1; 0 none
+  int32_t lines;                // line count of the list after a missed search
+  int32_t width;                // wrap width of an output line; 0 no wrapping
+  int32_t key_length;           // longest key in two-byte characters; 0 no limit
+  int32_t cut_length;           // bytes of the next raw cut (-Y)
+  const unsigned char* gaiji_table;    // full-width external-character texts
+  const unsigned char* hankaku_table;  // half-width external-character texts
+  LogicalFile* file_table;      // table of logical files in use or reported
+  FILE* current_file;           // the book file open for reading, or null
+  FILE* output;                 // where results go
+  CaptureBuffer capture;        // set only around engine_catalog
+  int32_t forward_index_seen;   // 1 once a forward index was described
+  char catalog_title[88];       // scratch of open_catalog: a title, then a path
+  const char* number_end;       // where the last parse_number stopped
+  int32_t seen_count;           // articles shown for this argument
+  int32_t seen_positions[kSeenMax];  // their positions
+  const char* search_string;    // the key as prepared for the search
+  const char* normalized_key;   // the key compared with the index
+  int32_t index_pages;          // pages that an inspection dump covers
+  int32_t candidate_count;      // group members waiting to be printed
+  int32_t head_positions[kCandidateMax];  // their head lines
+  int32_t text_positions[kCandidateMax];  // their texts
+  int32_t pending_position;     // head the next candidate list starts from
+  int32_t saved_position;       // entry in hand / where cdheadlist comes back
+  int32_t shown_attribute;      // attributes last written as colour; -1 none
+  uint32_t text_attribute;      // attributes in force (TA_*)
+  int32_t host_errno;           // last error of the host layer
+  char* env_value;              // heap buffer holding the last host_getenv value
+  size_t env_capacity;          // bytes in env_value
+  FILE* std_in;                 // the engine's standard input
+  FILE* std_out;                // the engine's standard output
+  FILE* std_err;                // the engine's standard error
+};
+
+// The one instance. Zero-initialised at start, except the fields the
+// definition gives (shown_attribute -1, the standard streams).
+extern EngineState engine;
+
+#endif  // ENGINE_ENGINE_STATE_H_

@@ -1,0 +1,16 @@
+#!/bin/sh
+# Installs the Debian packages the build and the tests need, when missing.
+# Usage: install-deps.sh [extra-package...]
+set -e
+missing=""
+for pkg in cmake g++ make libgtest-dev "$@"; do
+  dpkg -s "$pkg" >/dev/null 2>&1 || missing="$missing $pkg"
+done
+[ -z "$missing" ] && exit 0
+if [ "$(id -u)" -ne 0 ]; then
+  echo "missing packages:$missing -- install them as root (apt-get install$missing)" >&2
+  exit 1
+fi
+echo "installing:$missing"
+apt-get update -q
+DEBIAN_FRONTEND=noninteractive apt-get install -y -q $missing
