@@ -1,0 +1,64 @@
+#include "testing/engine_runner.h"
+
+#include <cstdio>
+
+#include "engine/engine.h"
+#include "engine/engine_state.h"
+
+namespace {
+
+std::string read_all(FILE* file) {
+  std::string text;
+  fflush(file);
+  rewind(file);
+  char chunk[4096];
+  size_t got;
+  while ((got = fread(chunk, 1, sizeof chunk, file)) > 0) text.append(chunk, got);
+  return text;
+}
+
+}  // namespace
+
+EngineCapture::EngineCapture(const std::string& input) {
+  FILE* in = tmpfile();
+  fwrite(input.data(), 1, input.size(), in);
+  rewind(in);
+  in_ = in;
+  out_ = tmpfile();
+  err_ = tmpfile();
+  saved_[0] = engine.std_in;
+  saved_[1] = engine.std_out;
+  saved_[2] = engine.std_err;
+  engine.std_in = in;
+  engine.std_out = static_cast<FILE*>(out_);
+  engine.std_err = static_cast<FILE*>(err_);
+  engine.output = engine.std_out;
+}
+
+EngineRun EngineCapture::finish() {
+  EngineRun run;
+  run.out = read_all(static_cast<FILE*>(out_));
+  run.err = read_all(static_cast<FILE*>(err_));
+  return run;
+}
+
+EngineCapture::~EngineCapture() {
+  engine.std_in = static_cast<FILE*>(saved_[0]);
+  engine.std_out = static_cast<FILE*>(saved_[1]);
+  engine.std_err = static_cast<FILE*>(saved_[2]);
+  if (engine.output == out_) engine.output = engine.std_out;
+  fclose(static_cast<FILE*>(in_));
+  fclose(static_cast<FILE*>(out_));
+  fclose(static_cast<FILE*>(err_));
+}
+
+EngineRun run_engine(const std::vector<std::string>& args, const std::string& input) {
+  EngineCapture capture(input);
+  std::vector<std::string> words{"tomeview"};
+  words.insert(words.end(), args.begin(), args.end());
+  std::vector<char*> argv;
+  for (std::string& word : words) argv.push_back(word.data());
+  argv.push_back(nullptr);
+  engine_main(static_cast<int>(words.size()), argv.data());
+  return capture.finish();
+}

@@ -1,0 +1,44 @@
+// Runs the book engine in-process with captured standard streams, the way a
+// test wants it: arguments in, the bytes of standard output and standard
+// error out (Shift-JIS, exactly as written).
+#ifndef TESTING_ENGINE_RUNNER_H_
+#define TESTING_ENGINE_RUNNER_H_
+
+#include <string>
+#include <vector>
+
+struct EngineRun {
+  std::string out;  // the engine's standard output (results and failures)
+  std::string err;  // the engine's standard error (host error words)
+};
+
+// engine_main over {"tomeview", args...}, with `input` as standard input.
+// The process environment is left as the caller set it.
+EngineRun run_engine(const std::vector<std::string>& args, const std::string& input = "");
+
+// Runs `body` with the engine's standard streams captured the same way,
+// for the in-process calls (engine_catalog, engine_output...).
+template <typename Body>
+EngineRun capture_engine(Body body);
+
+// Implementation detail of capture_engine.
+struct EngineCapture {
+  explicit EngineCapture(const std::string& input);
+  ~EngineCapture();
+  EngineRun finish();
+
+ private:
+  void* in_;
+  void* out_;
+  void* err_;
+  void* saved_[3];
+};
+
+template <typename Body>
+EngineRun capture_engine(Body body) {
+  EngineCapture capture("");
+  body();
+  return capture.finish();
+}
+
+#endif  // TESTING_ENGINE_RUNNER_H_
