@@ -20,36 +20,35 @@ std::string read_all(FILE* file) {
 }  // namespace
 
 EngineCapture::EngineCapture(const std::string& input) {
-  FILE* in = tmpfile();
-  fwrite(input.data(), 1, input.size(), in);
-  rewind(in);
-  in_ = in;
+  in_ = tmpfile();
+  fwrite(input.data(), 1, input.size(), in_);
+  rewind(in_);
   out_ = tmpfile();
   err_ = tmpfile();
   saved_[0] = engine.std_in;
   saved_[1] = engine.std_out;
   saved_[2] = engine.std_err;
-  engine.std_in = in;
-  engine.std_out = static_cast<FILE*>(out_);
-  engine.std_err = static_cast<FILE*>(err_);
+  engine.std_in = in_;
+  engine.std_out = out_;
+  engine.std_err = err_;
   engine.output = engine.std_out;
 }
 
 EngineRun EngineCapture::finish() {
   EngineRun run;
-  run.out = read_all(static_cast<FILE*>(out_));
-  run.err = read_all(static_cast<FILE*>(err_));
+  run.out = read_all(out_);
+  run.err = read_all(err_);
   return run;
 }
 
 EngineCapture::~EngineCapture() {
-  engine.std_in = static_cast<FILE*>(saved_[0]);
-  engine.std_out = static_cast<FILE*>(saved_[1]);
-  engine.std_err = static_cast<FILE*>(saved_[2]);
+  engine.std_in = saved_[0];
+  engine.std_out = saved_[1];
+  engine.std_err = saved_[2];
   if (engine.output == out_) engine.output = engine.std_out;
-  fclose(static_cast<FILE*>(in_));
-  fclose(static_cast<FILE*>(out_));
-  fclose(static_cast<FILE*>(err_));
+  fclose(in_);
+  fclose(out_);
+  fclose(err_);
 }
 
 EngineRun run_engine(const std::vector<std::string>& args, const std::string& input) {

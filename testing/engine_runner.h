@@ -4,6 +4,7 @@
 #ifndef TESTING_ENGINE_RUNNER_H_
 #define TESTING_ENGINE_RUNNER_H_
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -28,10 +29,10 @@ struct EngineCapture {
   EngineRun finish();
 
  private:
-  void* in_;
-  void* out_;
-  void* err_;
-  void* saved_[3];
+  FILE* in_;
+  FILE* out_;
+  FILE* err_;
+  FILE* saved_[3];
 };
 
 template <typename Body>
