@@ -96,6 +96,7 @@ struct EngineState {
   const char* search_string;    // the key as prepared for the search
   const char* normalized_key;   // the key compared with the index
   int32_t index_pages;          // pages that an inspection dump covers
+  int32_t found_pages;          // page count of the area find_index found last
   int32_t candidate_count;      // group members waiting to be printed
   int32_t head_positions[kCandidateMax];  // their head lines
   int32_t text_positions[kCandidateMax];  // their texts
