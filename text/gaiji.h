@@ -13,5 +13,8 @@ const unsigned char* cdgaijiload(const char* path, const unsigned char** table);
 const char* cdgaijifind(int code);
 // Prints the bitmap area that starts at the current position to output.
 void cdgaijidump();
+// -$: cdgaijidump over the plain file at `path`, which stands in for the
+// book file for the time of the dump; failure 25 when it can't be opened.
+void dump_gaiji_file(const char* path);
 
 #endif  // TEXT_GAIJI_H_

@@ -22,7 +22,9 @@
 #include <cstdio>
 
 #include "engine/engine_state.h"
+#include "engine/failure.h"
 #include "engine/file_access.h"
+#include "engine/host.h"
 #include "text/gaiji.h"
 
 namespace {
@@ -77,4 +79,24 @@ void cdgaijidump() {
     skip_to_block_if_full(bitmap_bytes);
   }
   fprintf(engine.output, "* GAIJI code=-%X\n", code - 1);
+}
+
+void dump_gaiji_file(const char* path) {
+  if (path[0] == '\0') return;
+  FILE* file = fopen(path, "rb");
+  if (file == nullptr) {
+    fputs("外字ファイルがみつかりません\n", engine.std_out);
+    host_perror(path);
+    engine_fail(25);
+    return;
+  }
+  FILE* book = engine.current_file;
+  // The plain file is no row of a logical file table: positions are its own.
+  uint32_t table_flag = engine.flags & DF_FILE_TABLE;
+  engine.flags &= ~DF_FILE_TABLE;
+  engine.current_file = file;
+  cdgaijidump();
+  fclose(file);
+  engine.current_file = book;
+  engine.flags |= table_flag;
 }
