@@ -26,5 +26,13 @@ const char* host_getenv(const char* name);
 void host_perror(const char* text);
 // 0 and the record filled, or -1 with host_errno 22 (or 12).
 int host_stat(const char* name, HostStat* record);
+// host_stat over a wide name.
+int host_wstat(const wchar_t* name, HostStat* record);
+// A new wide copy of `text` from the heap (the caller frees it), or null
+// for a null text or when memory runs out.
+wchar_t* host_widen(const char* text);
+// A file time (100 ns steps from 1601; two 32-bit halves, the low one
+// first) as seconds since 1970.
+int64_t host_filetime_to_unix(const uint32_t* file_time);
 
 #endif  // ENGINE_HOST_H_

@@ -1,0 +1,156 @@
+// One argument of a run (engine_arg): the option letters, positions and
+// keywords. Options are dispatched on their upper-cased letter; a row that
+// gains its Part gets its own case below.
+#include <cstring>
+
+#include "engine/catalog.h"
+#include "engine/file_access.h"
+#include "engine/host.h"
+#include "engine/number.h"
+#include "engine/run.h"
+
+namespace {
+
+// Upper case for ASCII letters only; Shift-JIS bytes stay as they are.
+char ascii_upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+// -O: back to standard output, then to the end of the file at `path` when
+// one is given. The file is opened for appending in text mode so that what
+// stands in it stays.
+void redirect_output(const char* path) {
+  if (engine.output != engine.std_out && engine.output) fclose(engine.output);
+  engine.output = engine.std_out;
+  if (path[0] == '\0') return;
+  FILE* file = fopen(path, "a");
+  if (!file) {
+    host_perror(path);
+    return;
+  }
+  engine.output = file;
+}
+
+// The search-mode rows -I, -J, -K, -R: an index and no multi-search.
+void select_index(int32_t index_id, bool synonym) {
+  engine.index_id = index_id;
+  engine.multi_index = 0;
+  if (synonym) engine.flags |= DF_SYNONYM_INDEX;
+  else engine.flags &= ~DF_SYNONYM_INDEX;
+}
+
+// `argument` starts with '-' or '/'; its second byte is the letter and the
+// rest is the value. The path rows refuse a value that no path buffer holds:
+// such an argument is a bad option and changes nothing.
+void run_option(char* argument) {
+  char letter = ascii_upper(argument[1]);
+  const char* value = letter == '\0' ? argument + 1 : argument + 2;
+  bool has_value = value[0] != '\0';
+  switch (letter) {
+    case 'A':
+      print_state_dump();
+      break;
+    case 'B':
+      engine.book_number = parse_number(value);
+      cdclose();
+      break;
+    case 'C':
+      open_catalog(-1);
+      break;
+    case 'D':
+      if (!path_fits(value)) {
+        print_bad_option(argument, "");
+        break;
+      }
+      if (has_value) {
+        strcpy(engine.drive_path, value);
+        normalize_drive(engine.drive_path);
+      }
+      cdclose();
+      break;
+    case 'E':
+      engine.flags |= DF_ENGLISH;
+      if (has_value && parse_number(value) == 0) engine.flags &= ~DF_ENGLISH;
+      break;
+    case 'F':
+      if (!path_fits(value)) print_bad_option(argument, "");
+      else engine.file_table = load_file_table(has_value ? value : nullptr);
+      break;
+    case 'I':
+      select_index(0xA0, true);
+      break;
+    case 'J':
+      select_index(0x80, false);
+      break;
+    case 'K':
+      select_index(has_value ? parse_number(value) : -1, false);
+      break;
+    case 'L':
+      engine.lines = has_value ? parse_number(value) : 20;
+      break;
+    case 'N':
+      if (!path_fits(value)) print_bad_option(argument, "");
+      else strcpy(engine.single_file, value);
+      break;
+    case 'O':
+      if (!path_fits(value)) print_bad_option(argument, "");
+      else redirect_output(value);
+      break;
+    case 'R':
+      select_index(-2, false);
+      break;
+    case 'S':
+      engine.flags = (engine.flags & DF_MODE_MASK) | static_cast<uint32_t>(parse_number(value));
+      break;
+    case 'W':
+      engine.width = parse_number(value);
+      break;
+    case 'X':
+      engine.multi_index = parse_number(value);
+      engine.flags &= ~DF_SYNONYM_INDEX;
+      break;
+    case 'Y':
+      engine.cut_length = parse_number(value);
+      break;
+    case 'Z':
+      engine.key_length = parse_number(value);
+      break;
+    // Rows of Parts still being written: each does nothing until its Part
+    // lands and moves it to a case of its own.
+    case 'G':  // cdgaijiload(value, &engine.gaiji_table)
+    case 'H':  // cdgaijiload(value, &engine.hankaku_table)
+    case 'M':  // find_index(1), cdseekpage to that page, cdtext(0)
+    case 'P':  // find_index(-1), cdseekpage(value), cdtext(0)
+    case 'Q':  // cdindexdump(value, or 0x91 when empty)
+    case 'T':  // cdtextscan(value, or 0 when empty)
+    case 'U':  // find_index(2), cdseekpage to that page, cdtext(0)
+    case 'V':  // list_indexes()
+    case '#':  // find_index(value, or 0xF1 when empty), cdseekpage, cdgaijidump()
+    case '$':  // cdgaijidump() over the file of the value
+      break;
+    default:
+      print_bad_option(argument, "");
+      break;
+  }
+}
+
+}  // namespace
+
+bool path_fits(const char* path) { return strlen(path) < static_cast<size_t>(kPathSize); }
+
+void print_bad_option(const char* option, const char* value) {
+  fprintf(engine.std_out, "%s%s:オプション指定が間違っています\n", option, value);
+}
+
+void engine_arg(char* argument) {
+  engine.seen_count = 0;
+  char first = argument[0];
+  if (first == '-' || first == '/') {
+    run_option(argument);
+    return;
+  }
+  if (first >= '0' && first <= '9' && (engine.flags & DF_SYNONYM_INDEX) == 0) {
+    // A position: find_index(-1), cdseek(parse_number(argument), 0),
+    // cdtext(0) once the index directory and the decoder land.
+    return;
+  }
+  // A keyword: cdsearch(argument) once the search lands.
+}
