@@ -1,0 +1,179 @@
+#include "platform/device_path.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <vector>
+
+const char16_t kProgramFolder[] = u"\\epwingdict";
+
+namespace {
+
+constexpr const char* kAppFolder = "epwingdict";
+
+// Folders set by options or tests; empty means the default.
+std::string chosenFolders[3];
+// The private folder under /tmp once one has been made for this process.
+std::string privateRuntimeFolder;
+
+std::string Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+std::string HomeRelative(const char* xdgName, const char* fallback) {
+  std::string base = Environment(xdgName);
+  if (base.empty()) base = Environment("HOME") + fallback;
+  return base + "/" + kAppFolder;
+}
+
+// Creates `folder` and its missing parents, private to the user.
+void MakeFolders(const std::string& folder) {
+  for (size_t slash = folder.find('/', 1); ; slash = folder.find('/', slash + 1)) {
+    mkdir(folder.substr(0, slash).c_str(), 0700);
+    if (slash == std::string::npos) break;
+  }
+}
+
+bool IsPrivateFolder(const std::string& folder) {
+  struct stat info;
+  return lstat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == getuid() &&
+         (info.st_mode & 077) == 0;
+}
+
+// /tmp/epwingdict-UID when it is ours alone; otherwise (someone else made
+// it, or it is open to others) a fresh folder of a random name.
+std::string PrivateTmpFolder() {
+  if (!privateRuntimeFolder.empty()) return privateRuntimeFolder;
+  std::string folder = "/tmp/" + std::string(kAppFolder) + "-" + std::to_string(getuid());
+  mkdir(folder.c_str(), 0700);
+  if (!IsPrivateFolder(folder)) {
+    std::string pattern = folder + "-XXXXXX";
+    folder = mkdtemp(pattern.data()) != nullptr ? pattern : "";
+  }
+  privateRuntimeFolder = folder;
+  return folder;
+}
+
+std::string Utf8(const std::u16string& units) {
+  std::string out;
+  for (size_t i = 0; i < units.size(); ++i) {
+    char32_t ch = units[i];
+    if (ch >= 0xD800 && ch <= 0xDBFF && i + 1 < units.size() && units[i + 1] >= 0xDC00 &&
+        units[i + 1] <= 0xDFFF) {
+      ch = 0x10000 + ((ch - 0xD800) << 10) + (units[++i] - 0xDC00);
+    } else if (ch >= 0xD800 && ch <= 0xDFFF) {
+      ch = 0xFFFD;  // a lone surrogate names nothing on the host
+    }
+    if (ch < 0x80) {
+      out += static_cast<char>(ch);
+    } else if (ch < 0x800) {
+      out += static_cast<char>(0xC0 | (ch >> 6));
+      out += static_cast<char>(0x80 | (ch & 0x3F));
+    } else if (ch < 0x10000) {
+      out += static_cast<char>(0xE0 | (ch >> 12));
+      out += static_cast<char>(0x80 | ((ch >> 6) & 0x3F));
+      out += static_cast<char>(0x80 | (ch & 0x3F));
+    } else {
+      out += static_cast<char>(0xF0 | (ch >> 18));
+      out += static_cast<char>(0x80 | ((ch >> 12) & 0x3F));
+      out += static_cast<char>(0x80 | ((ch >> 6) & 0x3F));
+      out += static_cast<char>(0x80 | (ch & 0x3F));
+    }
+  }
+  return out;
+}
+
+bool SameIgnoringAsciiCase(const std::string& a, const std::string& b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    char x = a[i], y = b[i];
+    if (x >= 'A' && x <= 'Z') x = static_cast<char>(x - 'A' + 'a');
+    if (y >= 'A' && y <= 'Z') y = static_cast<char>(y - 'A' + 'a');
+    if (x != y) return false;
+  }
+  return true;
+}
+
+// The entry of `folder` that `part` names: itself when it exists, else the
+// first entry equal but for case, else `part` unchanged.
+std::string FindEntry(const std::string& folder, const std::string& part) {
+  std::string exact = folder + "/" + part;
+  struct stat info;
+  if (part == "." || part == ".." || lstat(exact.c_str(), &info) == 0) return part;
+  std::string found = part;
+  if (DIR* dir = opendir(folder.empty() ? "/" : folder.c_str())) {
+    while (const dirent* entry = readdir(dir)) {
+      if (SameIgnoringAsciiCase(entry->d_name, part)) {
+        found = entry->d_name;
+        break;
+      }
+    }
+    closedir(dir);
+  }
+  return found;
+}
+
+std::vector<std::string> SplitParts(const std::string& name) {
+  std::vector<std::string> parts;
+  std::string part;
+  for (char ch : name + "/") {
+    if (ch != '/' && ch != '\\') {
+      part += ch;
+    } else if (!part.empty()) {
+      parts.push_back(part);
+      part.clear();
+    }
+  }
+  return parts;
+}
+
+}  // namespace
+
+void SetDeviceFolder(DeviceFolder folder, const std::string& hostFolder) {
+  chosenFolders[static_cast<int>(folder)] = hostFolder;
+}
+
+std::string DeviceFolderPath(DeviceFolder folder) {
+  const std::string& chosen = chosenFolders[static_cast<int>(folder)];
+  if (!chosen.empty()) return chosen;
+  switch (folder) {
+    case DeviceFolder::kCard:
+      return HomeRelative("XDG_DATA_HOME", "/.local/share") + "/SD";
+    case DeviceFolder::kRuntime: {
+      std::string runtime = Environment("XDG_RUNTIME_DIR");
+      return runtime.empty() ? PrivateTmpFolder() : runtime + "/" + kAppFolder;
+    }
+    case DeviceFolder::kConfig:
+      return HomeRelative("XDG_CONFIG_HOME", "/.config");
+  }
+  return "";
+}
+
+std::string HostPath(const CString& deviceName) {
+  std::string name = Utf8(deviceName.Units());
+  std::vector<std::string> parts = SplitParts(name);
+  bool absolute = !name.empty() && (name[0] == '/' || name[0] == '\\');
+  std::string path = absolute ? "" : ".";
+  size_t next = 0;
+  if (absolute && !parts.empty()) {
+    std::string program = Utf8(kProgramFolder).substr(1);
+    const DeviceFolder roots[] = {DeviceFolder::kCard, DeviceFolder::kRuntime,
+                                  DeviceFolder::kConfig};
+    const std::string rootNames[] = {"SD", "windows", program};
+    for (int i = 0; i < 3; ++i) {
+      if (SameIgnoringAsciiCase(parts[0], rootNames[i])) {
+        path = DeviceFolderPath(roots[i]);
+        if (path.empty()) return "";  // no private folder could be made: name nothing
+        if (roots[i] != DeviceFolder::kCard) MakeFolders(path);
+        next = 1;
+        break;
+      }
+    }
+  }
+  for (; next < parts.size(); ++next) path += "/" + FindEntry(path, parts[next]);
+  if (path.empty()) return "/";
+  return absolute || path.size() <= 2 ? path : path.substr(2);  // no leading "./"
+}
