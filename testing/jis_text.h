@@ -1,0 +1,23 @@
+// Japanese text for test books and expected output: UTF-8 written in the
+// source, turned into the two encodings books and the engine use.
+#ifndef TESTING_JIS_TEXT_H_
+#define TESTING_JIS_TEXT_H_
+
+#include <string>
+#include <string_view>
+
+// Shift-JIS (code page 932) bytes of a UTF-8 text, as the engine writes
+// them. Throws std::invalid_argument for a character it lacks.
+std::string utf8_to_sjis(std::string_view utf8);
+
+// JIS X 0208 codes of a UTF-8 text, two bytes each, high byte first, with
+// no terminator: the form of titles and body text in books. ASCII becomes
+// its full-width form (a blank the ideographic space). Throws
+// std::invalid_argument for a character outside JIS X 0208.
+std::string utf8_to_jis(std::string_view utf8);
+
+// The JIS X 0208 code of a two-byte Shift-JIS code; the inverse of the
+// engine's jis_to_sjis over the 94 x 94 set.
+int sjis_to_jis(int first, int second);
+
+#endif  // TESTING_JIS_TEXT_H_
