@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 class CString {
  public:
@@ -88,6 +89,9 @@ class CString {
  private:
   std::u16string text_;
 };
+
+// An ordered growable array of strings.
+using CStringArray = std::vector<CString>;
 
 // The number at the start of `text`, as the runtime's _wtol reads it:
 // leading blanks and tabs skipped, an optional sign, decimal digits up to

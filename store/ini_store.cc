@@ -53,7 +53,8 @@ IniStore::IniStore(CString path) : filePath(std::move(path)) {
   while (std::fgets(buffer + carried, static_cast<int>(sizeof buffer - carried), file) != nullptr) {
     size_t length = carried + std::strlen(buffer + carried);
     size_t whole = length;
-    if (length > 0 && buffer[length - 1] != '\n') whole = CutAtCharBoundary(std::string_view(buffer, length), length);
+    if (length > 0 && buffer[length - 1] != '\n')
+      whole = CutAtCharBoundary(std::string_view(buffer, length), length);
     lines.push_back(LoadedLine(std::string_view(buffer, whole)));
     carried = length - whole;
     std::memmove(buffer, buffer + whole, carried);
