@@ -2,40 +2,48 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <filesystem>
 
+#include "engine/engine.h"
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
+#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
-#include "testing/index_directory_writer.h"
 
 namespace {
 
 // "複合検索" as JIS codes.
 const std::string kJisTitle("\x4A\x23\x39\x67\x38\x21\x3A\x77", 8);
 
-// Writes a one-file book whose pages are given from page 1 on.
-std::string write_book(const std::string& name, const std::vector<std::string>& pages) {
-  std::string path = ::testing::TempDir() + name;
-  std::ofstream file(path, std::ios::binary);
-  for (const std::string& page : pages) file << page;
-  return path;
+// Writes a one-book tree under a scratch directory of this name and gives
+// the root; the book's text file stands at text_file(root).
+std::string write_tree(const std::string& name, const BookText& text, bool english = false) {
+  BookTree tree;
+  tree.english = english;
+  tree.add_book("A", "BOOK").text = text;
+  std::string root = ::testing::TempDir() + name;
+  std::filesystem::remove_all(root);
+  tree.write(root);
+  return root;
 }
 
-// Directory on page 1; definitions on pages 2 and 3 behind two 0xFF entries,
-// numbered 1 and 2 on the first, 3 on the second; an index behind them.
+std::string text_file(const std::string& root) { return root + "/BOOK/data/honmon"; }
+
+// Definitions numbered 1 and 2 behind a first 0xFF entry, 3 behind a
+// second, and an index behind them.
 std::string multi_search_book() {
-  return write_book(
-      "multi_search_book",
-      {index_directory_page({{0x00, 4, 3}, {0xFF, 2, 1}, {0x33, 9, 1}, {0xFF, 3, 1},
-                             {0x92, 12, 3}}),
-       multi_search_page({{kJisTitle, {{0x05, 30, 1}, {0x91, 40, 7}}},
-                          {"", {{0x05, 31, 1}, {0x06, 32, 1}}}}),
-       multi_search_page({{"", {{0x90, 50, 2}}}})});
+  BookText text;
+  text.add_entry({0x00, 4, 3});
+  text.add_area(0xFF, multi_search_page({{kJisTitle, {{0x05, 30, 1}, {0x91, 40, 7}}},
+                                         {"", {{0x05, 31, 1}, {0x06, 32, 1}}}}));
+  text.add_entry({0x33, 9, 1});
+  text.add_area(0xFF, multi_search_page({{"", {{0x90, 50, 2}}}}));
+  text.add_entry({0x92, 12, 3});
+  return write_tree("multi_search_book", text);
 }
 
-int32_t find_in(const std::string& path, int32_t identifier) {
-  snprintf(engine.single_file, sizeof engine.single_file, "%s", path.c_str());
+int32_t find_in(const std::string& root, int32_t identifier) {
+  snprintf(engine.single_file, sizeof engine.single_file, "%s", text_file(root).c_str());
   int32_t page = find_index(identifier);
   cdclose();
   engine.single_file[0] = '\0';
@@ -51,7 +59,7 @@ TEST(FindIndex, DirectoryEntries) {
   EXPECT_EQ(engine.found_pages, 0);
   EXPECT_EQ(find_in(book, -1), 0);
 
-  std::string empty = write_book("empty_directory", {index_directory_page({})});
+  std::string empty = write_tree("empty_directory", {});
   EXPECT_EQ(find_in(empty, 0x00), 0);
   EXPECT_EQ(find_in(empty, 0xFF), 0);
 }
@@ -80,7 +88,7 @@ TEST(FindIndex, MultiSearchDefinitions) {
 }
 
 TEST(ListIndexes, ExactLines) {
-  EngineRun run = run_engine({"-N" + multi_search_book(), "-V"});
+  EngineRun run = run_engine({"-D" + multi_search_book(), "-V"});
   EXPECT_EQ(run.out,
             "INDEX:START -  END\t内容（*:未対応）\n"
             " 0x00:     4-    6\t本文\n"
@@ -97,32 +105,32 @@ TEST(ListIndexes, ExactLines) {
             "|0x90:    50-   51\t前方一致（かな）インデックス\n"
             " 0x92:    12-   14\t前方一致（英字）インデックス\n");
 
-  std::string english = write_book(
-      "english_titles", {index_directory_page({{0xFF, 2, 1}}),
-                         multi_search_page({{std::string("Two\0words", 9), {}}})});
-  EXPECT_EQ(run_engine({"-E", "-N" + english, "-V"}).out,
+  BookText english;
+  english.add_area(0xFF, multi_search_page({{std::string("Two\0words", 9), {}}}));
+  EXPECT_EQ(run_engine({"-E", "-D" + write_tree("english_titles", english, true), "-V"}).out,
             "INDEX:START -  END\t内容（*:未対応）\n"
             " 0xFF:     2-    2\t複合検索定義\n"
             "+\t\t  -X1:\tTwo words                     \n");
 
-  std::string empty = write_book("empty_listing", {index_directory_page({})});
-  EXPECT_EQ(run_engine({"-N" + empty, "-V"}).out, "INDEX:START -  END\t内容（*:未対応）\n");
-  EXPECT_EQ(run_engine({"-N" + ::testing::TempDir() + "no_such_book", "-V"}).out, "");
+  EXPECT_EQ(run_engine({"-D" + write_tree("empty_listing", {}), "-V"}).out,
+            "INDEX:START -  END\t内容（*:未対応）\n");
+  // A book that can't be opened lists nothing, only the failure of the catalog.
+  EXPECT_EQ(run_engine({"-D" + write_tree("empty_listing", {}), "-B1", "-V"}).out,
+            "文書番号が不適当です（-B オプション）\nerror 17.\n");
 }
 
 TEST(ListIndexes, ForwardGroupSeen) {
-  std::string backward_only = write_book("backward_only", {index_directory_page({{0x71, 2, 1}, {0xA0, 3, 1}})});
-  engine.forward_index_seen = 0;
-  run_engine({"-N" + backward_only, "-V"});
-  EXPECT_EQ(engine.forward_index_seen, 0);
+  BookText backward_only;
+  backward_only.add_entry({0x71, 2, 1});
+  backward_only.add_entry({0xA0, 3, 1});
+  std::string root = write_tree("backward_only", backward_only);
+  capture_engine([&] { EXPECT_EQ(engine_has_forward_index(root.c_str(), 0), 0); });
 
   // A forward component of a definition counts like a forward entry.
-  std::string through_definition = write_book(
-      "forward_component", {index_directory_page({{0x71, 2, 1}, {0xFF, 3, 1}}),
-                            std::string(2048, '\0'), multi_search_page({{"", {{0x93, 9, 1}}}})});
-  run_engine({"-N" + through_definition, "-V"});
-  EXPECT_EQ(engine.forward_index_seen, 1);
-  engine.forward_index_seen = 0;
+  BookText through_definition = backward_only;
+  through_definition.add_area(0xFF, multi_search_page({{"", {{0x93, 9, 1}}}}));
+  root = write_tree("forward_component", through_definition);
+  capture_engine([&] { EXPECT_EQ(engine_has_forward_index(root.c_str(), 0), 1); });
 }
 
 }  // namespace
