@@ -40,9 +40,9 @@ void read_environment() {
   engine.lines = number_from_env("CDLINES", 20);
   engine.width = number_from_env("CDWIDTH", 0);
   engine.key_length = number_from_env("CDLENGTH", 0);
-  // CDGAIJI and CDHANKAKU: cdgaijiload into these once external characters land.
-  engine.gaiji_table = empty_gaiji_table;
-  engine.hankaku_table = empty_gaiji_table;
+  // Unset gives the built-in table; the last run's tables are freed either way.
+  cdgaijiload(host_getenv("CDGAIJI"), &engine.gaiji_table);
+  cdgaijiload(host_getenv("CDHANKAKU"), &engine.hankaku_table);
 }
 
 // Reads one option or keyword a line from standard input until its end.

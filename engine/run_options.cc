@@ -6,8 +6,10 @@
 #include "engine/catalog.h"
 #include "engine/file_access.h"
 #include "engine/host.h"
+#include "engine/index_directory.h"
 #include "engine/number.h"
 #include "engine/run.h"
+#include "text/gaiji.h"
 
 namespace {
 
@@ -113,18 +115,33 @@ void run_option(char* argument) {
     case 'Z':
       engine.key_length = parse_number(value);
       break;
+    case 'G':
+      cdgaijiload(value, &engine.gaiji_table);
+      break;
+    case 'H':
+      cdgaijiload(value, &engine.hankaku_table);
+      break;
+    case 'V':
+      list_indexes();
+      break;
+    case '#': {
+      int32_t page = find_index(has_value ? parse_number(value) : 0xF1);
+      if (page != 0) {
+        cdseekpage(page);
+        cdgaijidump();
+      }
+      break;
+    }
+    case '$':
+      dump_gaiji_file(value);
+      break;
     // Rows of Parts still being written: each does nothing until its Part
     // lands and moves it to a case of its own.
-    case 'G':  // cdgaijiload(value, &engine.gaiji_table)
-    case 'H':  // cdgaijiload(value, &engine.hankaku_table)
     case 'M':  // find_index(1), cdseekpage to that page, cdtext(0)
     case 'P':  // find_index(-1), cdseekpage(value), cdtext(0)
     case 'Q':  // cdindexdump(value, or 0x91 when empty)
     case 'T':  // cdtextscan(value, or 0 when empty)
     case 'U':  // find_index(2), cdseekpage to that page, cdtext(0)
-    case 'V':  // list_indexes()
-    case '#':  // find_index(value, or 0xF1 when empty), cdseekpage, cdgaijidump()
-    case '$':  // cdgaijidump() over the file of the value
       break;
     default:
       print_bad_option(argument, "");
