@@ -9,6 +9,7 @@
 #include "engine/index_directory.h"
 #include "engine/number.h"
 #include "engine/run.h"
+#include "search/index_search.h"
 #include "text/gaiji.h"
 
 namespace {
@@ -169,5 +170,5 @@ void engine_arg(char* argument) {
     // cdtext(0) once the index directory and the decoder land.
     return;
   }
-  // A keyword: cdsearch(argument) once the search lands.
+  cdsearch(argument);
 }
