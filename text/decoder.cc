@@ -1,0 +1,69 @@
+// cdtext: one record of body text from the current position to output.
+//
+// A record has no header and no length: any position can start one, and
+// only the stops (end of data, the end code, line ends against the line
+// allowance, a margin falling back to the left edge, code 0x1F41 under some
+// flags) end it, each with the marker "\n<次項目:%ld>\n\n" that tells where
+// the next item starts. The stream format is described in dispatch.cc.
+//
+// DF_DUMP and cut_length replace the decoding by a word dump or a raw copy
+// (raw_views.cc). A position already shown for this argument is not shown
+// again (seen_positions).
+#include <cstdio>
+
+#include "engine/engine_state.h"
+#include "engine/file_access.h"
+#include "text/decoder.h"
+#include "text/text_record.h"
+
+namespace {
+
+// True when `position` was shown before for this argument; otherwise it is
+// noted, while the list has room.
+bool seen_before(int32_t position) {
+  for (int32_t i = 0; i < engine.seen_count; ++i) {
+    if (engine.seen_positions[i] == position) return true;
+  }
+  if (engine.seen_count < kSeenMax) engine.seen_positions[engine.seen_count++] = position;
+  return false;
+}
+
+}  // namespace
+
+bool read_failed() {
+  FILE* file = engine.current_file;
+  return file == nullptr || feof(file) || ferror(file);
+}
+
+void give_back_word() {
+  // A failed read did not move the position, so there is nothing to give back.
+  if (!read_failed()) cdseek(-2, 1);
+}
+
+void cdtext(int32_t limit) {
+  if (engine.flags & DF_DUMP) {
+    word_dump();
+    return;
+  }
+  if (engine.cut_length > 0) {
+    raw_cut();
+    return;
+  }
+  int32_t start = cdtell();
+  // Position 0 holds no text; a negative one means no book is open, where
+  // every word would read 0 for ever.
+  if (start <= 0 || seen_before(start)) return;
+
+  TextRecord record{};
+  record.limit = limit;
+  record.first_margin = -1;
+  while (!record.ended) {
+    text_clear(&record);
+    record.unit_position = cdtell();
+    if (engine.flags & DF_ENGLISH) {
+      english_unit(&record);
+    } else {
+      dispatch_word(&record, cdgetword());
+    }
+  }
+}

@@ -1,0 +1,61 @@
+// Output of the decoder. Text goes out one unit at a time through emit,
+// which owns the line state: the wrap at `width` (a soft line feed that is
+// no line end), the left margin written lazily in front of the first text
+// of a line, and the colour of the attributes in force. Line ends and
+// markers are written directly.
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+#include "engine/engine_state.h"
+#include "text/decoder.h"
+#include "text/text_record.h"
+
+void text_clear(TextRecord* record) {
+  record->length = 0;
+  record->text[0] = '\0';
+}
+
+void text_append(TextRecord* record, const char* format, ...) {
+  int room = kEmitSize - record->length;
+  va_list arguments;
+  va_start(arguments, format);
+  int wanted = vsnprintf(record->text + record->length, room, format, arguments);
+  va_end(arguments);
+  if (wanted < 0) {
+    record->text[record->length] = '\0';
+    return;
+  }
+  // A form that does not fit is cut at the end of the buffer.
+  record->length += wanted < room ? wanted : room - 1;
+}
+
+void text_append_char(TextRecord* record, int32_t code) {
+  cdputchar(code, record->text + record->length, kEmitSize - record->length);
+  record->length += static_cast<int>(strlen(record->text + record->length));
+}
+
+void emit(TextRecord* record) {
+  FILE* output = engine.output;
+  bool colour = (engine.flags & DF_COLOUR) != 0;
+  if (engine.width > 0 && record->length + record->column >= engine.width) {
+    fputc('\n', output);
+    record->column = 0;
+  }
+  if (record->column < record->margin) {
+    if (colour) cdattr(0);  // the margin is never coloured
+    for (int32_t i = record->column; i < record->margin; ++i) fputc(' ', output);
+    record->column = record->margin;
+  }
+  if (colour) cdattr(engine.text_attribute);
+  fputs(record->text, output);
+  record->column += record->length;
+}
+
+void write_direct(const char* text) { fputs(text, engine.output); }
+
+void stop_record(TextRecord* record, int32_t position) {
+  if (engine.flags & DF_COLOUR) cdattr(0);
+  fprintf(engine.output, "\n<次項目:%ld>\n\n", static_cast<long>(position));
+  record->ended = true;
+}
