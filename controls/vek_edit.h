@@ -101,7 +101,6 @@ class CVekEdit {
   int LineStart(int position) const;
   int LineEnd(int position) const;
   CString CursorLine() const;
-  CString BrailleLine() const;
   void PresentLine(bool withLabel);
   void PresentCharacter();
   void MoveToLine(bool next);

@@ -1,0 +1,278 @@
+#include "controls/vek_edit.h"
+
+#include "controls/control_keys.h"
+#include "controls/presenter.h"
+
+namespace {
+
+// Told in place of what is empty, so that silence never stands for it.
+const char16_t kBlankField[] = u"空欄";
+const char16_t kBlankLine[] = u"空行";
+const char16_t kLineEnd[] = u"行末";
+const char16_t kReadOnly[] = u"読み取り専用";
+const char16_t kEditMenuTitle[] = u"編集メニュー";
+
+// The entries of the editing menu, in order; the last is offered only in
+// a writable field.
+enum EditMenuEntry { kReadWhole, kToStart, kToEnd, kClearAll };
+const char16_t* const kEditMenuLabels[] = {u"全文を読む", u"先頭へ", u"末尾へ", u"全文削除"};
+
+bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
+bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
+
+}  // namespace
+
+void CVekEdit::Empty() {
+  text_.Empty();
+  cursor_ = 0;
+  menuOpen_ = false;
+}
+
+void CVekEdit::SetText(CString text, int) {
+  text_ = text;
+  cursor_ = 0;
+  menuOpen_ = false;
+}
+
+CString CVekEdit::GetText(int) { return text_; }
+
+void CVekEdit::SetFocus(CString label, int) {
+  label_ = label;
+  menuOpen_ = false;
+  PresentLine(true);
+}
+
+int CVekEdit::LineStart(int position) const {
+  if (!multiLine_) return 0;
+  while (position > 0 && text_[position - 1] != u'\n') --position;
+  return position;
+}
+
+int CVekEdit::LineEnd(int position) const {
+  if (!multiLine_) return text_.GetLength();
+  int end = text_.Find(u'\n', position);
+  return end < 0 ? text_.GetLength() : end;
+}
+
+CString CVekEdit::CursorLine() const {
+  const int start = LineStart(cursor_);
+  int end = LineEnd(cursor_);
+  if (end > start && text_[end - 1] == u'\r') --end;
+  return text_.Mid(start, end - start);
+}
+
+void CVekEdit::PresentLine(bool withLabel) {
+  // A one-line field is always shown with its label; a text of several
+  // lines only when it takes the focus.
+  withLabel = withLabel || !multiLine_;
+  const CString line = CursorLine();
+  const CString prefix = withLabel ? label_ : CString();
+  labelCells_ = prefix.GetLength();
+  CurrentPresenter().ShowBraille(prefix + line);
+  if (!line.IsEmpty()) {
+    CurrentPresenter().Speak(prefix + line, false);
+  } else {
+    CurrentPresenter().Speak(prefix + (multiLine_ && !text_.IsEmpty() ? kBlankLine : kBlankField),
+                             false);
+  }
+}
+
+void CVekEdit::PresentCharacter() {
+  CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
+  labelCells_ = multiLine_ ? 0 : label_.GetLength();
+  if (cursor_ >= LineEnd(cursor_) || text_[cursor_] == u'\r') {
+    CurrentPresenter().Speak(text_.IsEmpty() ? kBlankField : kLineEnd, false);
+    return;
+  }
+  const int units = IsHighSurrogate(text_[cursor_]) && IsLowSurrogate(text_[cursor_ + 1]) ? 2 : 1;
+  CurrentPresenter().Speak(text_.Mid(cursor_, units), false);
+}
+
+void CVekEdit::MoveToLine(bool next) {
+  if (next) {
+    const int end = LineEnd(cursor_);
+    if (end < text_.GetLength()) cursor_ = end + 1;
+  } else {
+    const int start = LineStart(cursor_);
+    cursor_ = start > 0 ? LineStart(start - 1) : start;
+  }
+  PresentLine(false);
+}
+
+void CVekEdit::DeleteAt(int position) {
+  if (readOnly_) {
+    CurrentPresenter().Speak(kReadOnly, false);
+    return;
+  }
+  if (position < 0 || position >= text_.GetLength()) {
+    PresentCharacter();
+    return;
+  }
+  if (IsLowSurrogate(text_[position]) && position > 0 && IsHighSurrogate(text_[position - 1])) {
+    --position;
+  }
+  const int units = IsHighSurrogate(text_[position]) && IsLowSurrogate(text_[position + 1]) ? 2 : 1;
+  const CString gone = text_.Mid(position, units);
+  text_.Delete(position, units);
+  if (cursor_ > position) cursor_ = cursor_ - units < position ? position : cursor_ - units;
+  CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
+  CurrentPresenter().Speak(gone, false);
+}
+
+void CVekEdit::Insert(const CString& typed) {
+  if (readOnly_) {
+    CurrentPresenter().Speak(kReadOnly, false);
+    return;
+  }
+  CString text = typed;
+  if (!multiLine_) {
+    text.Remove(u'\r');
+    text.Remove(u'\n');
+  }
+  if (text.IsEmpty()) return;
+  text_ = text_.Left(cursor_) + text + text_.Mid(cursor_);
+  cursor_ += text.GetLength();
+  CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
+  CurrentPresenter().Speak(text, false);
+}
+
+int CVekEdit::OnBrailleKey(uint32_t key, long) {
+  if (menuOpen_) return EditMenuKey(key);
+  if (key == CK_POPUP) {
+    menuOpen_ = true;
+    menuIndex_ = 0;
+    CurrentPresenter().ShowBraille(EditMenuItem(menuIndex_));
+    CurrentPresenter().Speak(CString(kEditMenuTitle) + u" " + EditMenuItem(menuIndex_), false);
+    return 1;
+  }
+  if (IsPrevKey(key) || IsNextKey(key)) {
+    if (multiLine_) {
+      MoveToLine(IsNextKey(key));
+    } else {
+      PresentLine(true);
+    }
+    return 1;
+  }
+  switch (key) {
+    case CK_CHAR_LEFT:
+      if (cursor_ > 0) cursor_ -= IsLowSurrogate(text_[cursor_ - 1]) && cursor_ > 1 ? 2 : 1;
+      PresentCharacter();
+      return 1;
+    case CK_CHAR_RIGHT:
+      if (cursor_ < text_.GetLength()) cursor_ += IsHighSurrogate(text_[cursor_]) ? 2 : 1;
+      if (cursor_ > text_.GetLength()) cursor_ = text_.GetLength();
+      PresentCharacter();
+      return 1;
+    case CK_LINE_START:
+      cursor_ = LineStart(cursor_);
+      PresentCharacter();
+      return 1;
+    case CK_LINE_END:
+      cursor_ = LineEnd(cursor_);
+      PresentCharacter();
+      return 1;
+    case CK_BACKSPACE:
+      if (cursor_ == 0 && !readOnly_) {
+        PresentCharacter();
+      } else {
+        DeleteAt(cursor_ - 1);
+      }
+      return 1;
+    case CK_DELETE:
+      DeleteAt(cursor_);
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+void CVekEdit::OnBrailleCursor(unsigned cell, long) {
+  const int start = LineStart(cursor_);
+  const int end = LineEnd(cursor_);
+  const long long offset = static_cast<long long>(cell) - labelCells_;
+  cursor_ = offset <= 0 ? start : (offset >= end - start ? end : start + static_cast<int>(offset));
+  PresentCharacter();
+}
+
+int CVekEdit::PlayBrl(int start, CString text, int) {
+  if (start != 0) {
+    CurrentPresenter().ShowBraille(text);
+    labelCells_ = 0;
+  }
+  return 0;
+}
+
+int CVekEdit::PlayTts(CString text) {
+  if (text.IsEmpty()) {
+    CurrentPresenter().StopSpeech();
+  } else {
+    CurrentPresenter().Speak(text, sync_);
+  }
+  return 0;
+}
+
+void CVekEdit::OnReadAll() {
+  readStart_ = LineStart(cursor_);
+  const CString rest = text_.Mid(readStart_);
+  CurrentPresenter().Speak(rest.IsEmpty() ? CString(kBlankField) : rest, false);
+}
+
+void CVekEdit::OnReadAllEnd(int) {
+  CurrentPresenter().StopSpeech();
+  PresentLine(false);
+}
+
+void CVekEdit::PositionAtReadStop(unsigned offset, long) {
+  const long long target = static_cast<long long>(readStart_) + offset;
+  cursor_ = target > text_.GetLength() ? text_.GetLength() : static_cast<int>(target);
+  if (IsLowSurrogate(text_[cursor_]) && cursor_ > 0) --cursor_;
+  PresentLine(false);
+}
+
+void CVekEdit::OnReadJPNEditTXT(_JPNDATA* data) { Insert(JpnDataText(data)); }
+
+int CVekEdit::EditMenuSize() const { return readOnly_ ? kClearAll : kClearAll + 1; }
+
+CString CVekEdit::EditMenuItem(int index) const { return kEditMenuLabels[index]; }
+
+void CVekEdit::PresentEditMenuItem() {
+  CurrentPresenter().ShowBraille(EditMenuItem(menuIndex_));
+  CurrentPresenter().Speak(EditMenuItem(menuIndex_), false);
+}
+
+int CVekEdit::EditMenuKey(uint32_t key) {
+  if (IsPrevKey(key) || IsNextKey(key)) {
+    const int size = EditMenuSize();
+    menuIndex_ = (menuIndex_ + (IsNextKey(key) ? 1 : size - 1)) % size;
+    PresentEditMenuItem();
+  } else if (key == CK_ENTER || key == CK_YES) {
+    menuOpen_ = false;
+    RunEditMenuItem();
+  } else if (key == CK_BACK || key == CK_POPUP_CLOSE || key == CK_EXIT) {
+    menuOpen_ = false;
+    PresentLine(true);
+  } else {
+    PresentEditMenuItem();
+  }
+  return 1;
+}
+
+void CVekEdit::RunEditMenuItem() {
+  switch (menuIndex_) {
+    case kReadWhole:
+      readStart_ = 0;
+      CurrentPresenter().Speak(text_.IsEmpty() ? CString(kBlankField) : text_, false);
+      return;
+    case kToStart:
+      cursor_ = 0;
+      break;
+    case kToEnd:
+      cursor_ = text_.GetLength();
+      break;
+    case kClearAll:
+      text_.Empty();
+      cursor_ = 0;
+      break;
+  }
+  PresentLine(true);
+}

@@ -1,0 +1,47 @@
+#include "controls/vek_prompt_ctrl.h"
+
+#include "controls/control_keys.h"
+#include "controls/presenter.h"
+
+void CVekPromptCtrl::OpenRes(CString fileName) { words_.Load(fileName); }
+
+CString CVekPromptCtrl::YesWord() const { return words_.Get("yes", u"はい"); }
+
+CString CVekPromptCtrl::NoWord() const { return words_.Get("no", u"いいえ"); }
+
+void CVekPromptCtrl::SetPrompt(CString question, unsigned, unsigned) {
+  question_ = question;
+  yesInView_ = false;
+}
+
+void CVekPromptCtrl::SetFocus() {
+  open_ = true;
+  selectKey_ = 0;
+  Present(true);
+}
+
+void CVekPromptCtrl::Present(bool withQuestion) {
+  const CString choice = yesInView_ ? YesWord() : NoWord();
+  CurrentPresenter().ShowBraille(question_ + u" " + choice);
+  CurrentPresenter().Speak(withQuestion ? question_ + u" " + choice : choice, false);
+}
+
+unsigned CVekPromptCtrl::Close(unsigned answer) {
+  open_ = false;
+  selectKey_ = answer;
+  return 0;
+}
+
+unsigned CVekPromptCtrl::OnBrailleKey(uint32_t key, long) {
+  if (key == CK_YES) return Close(CK_YES);
+  if (key == CK_ENTER) return Close(yesInView_ ? CK_YES : 0);
+  if (key == CK_BACK || key == CK_EXIT) return Close(0);
+  if (IsPrevKey(key) || IsNextKey(key)) yesInView_ = !yesInView_;
+  Present(false);
+  return 1;
+}
+
+unsigned CVekPromptCtrl::OnBrailleCursor(unsigned, long) {
+  Present(true);
+  return 1;
+}
