@@ -6,6 +6,10 @@
 #include <string>
 #include <string_view>
 
+// A u8"..." literal as std::string: how code whose plain literals are
+// Shift-JIS (the engine's tests) still spells UTF-8 text.
+inline std::string utf8(std::u8string_view text) { return std::string(text.begin(), text.end()); }
+
 // Shift-JIS (code page 932) bytes of a UTF-8 text, as the engine writes
 // them. Throws std::invalid_argument for a character it lacks.
 std::string utf8_to_sjis(std::string_view utf8);

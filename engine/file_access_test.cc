@@ -1,0 +1,173 @@
+#include "engine/file_access.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/find_file.h"
+#include "testing/book_writer.h"
+#include "testing/engine_runner.h"
+#include "testing/temp_tree.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class BookFiles : public ::testing::Test {
+ protected:
+  void SetUp() override { reset(); }
+  void TearDown() override {
+    engine.file_table = load_file_table(nullptr);
+    reset();
+  }
+  static void reset() {
+    cdclose();
+    engine.flags = 0;
+    engine.file_table = default_file_table;
+    engine.drive_path[0] = '\0';
+  }
+  // A fresh tree whose name has upper case, as drive_path.
+  fs::path use_tree(const std::string& name) {
+    const fs::path root = fresh_directory(name);
+    snprintf(engine.drive_path, kPathSize, "%s/", root.c_str());
+    return root;
+  }
+  // The first byte of a book file, or -1 when cdopen finds none.
+  static int first_byte(const char* name) {
+    FILE* file = cdopen(name);
+    if (!file) return -1;
+    const int byte = fgetc(file);
+    fclose(file);
+    return byte;
+  }
+};
+
+std::string bytes_ending(size_t size, char first, char last) {
+  std::string bytes(size, '\0');
+  bytes.front() = first;
+  bytes.back() = last;
+  return bytes;
+}
+
+TEST_F(BookFiles, TableReadsAcrossFileEnds) {
+  const fs::path root = use_tree("Across");
+  write_book_file(root, "a", bytes_ending(2048, '\x01', '\x12'));
+  write_book_file(root, "b", bytes_ending(4096, '\x34', '\x56'));
+  write_book_file(root, "c", bytes_ending(10, '\x78', '\x9A'));
+  write_book_file(root, "files.tbl", file_definition_table({{0, "a"}, {1, "b"}, {3, "c"}}));
+  engine.file_table = load_file_table((root / "files.tbl").c_str());
+  ASSERT_TRUE(engine.flags & DF_FILE_TABLE);
+
+  const EngineRun run = capture_engine([] {
+    cdseek(2047, 0);
+    EXPECT_EQ(cdgetword(), 0x1234);  // last byte of a, first of b
+    cdseek(2048, 0);                 // first_page * 2048 is b's first byte
+    EXPECT_EQ(cdtell(), 2048);
+    EXPECT_EQ(cdgetbyte(), 0x34);
+    cdseek(6143, 0);
+    EXPECT_EQ(cdgetword(), 0x5678);
+    cdseek(10, 0);
+    cdseek(6144 - 10, 1);  // relative: a's stream now stands far behind its end
+    EXPECT_EQ(cdgetbyte(), 0x78);
+    EXPECT_EQ(cdtell(), 6145);
+    cdseekpage(2);
+    EXPECT_EQ(cdgetbyte(), 0x34);
+  });
+  EXPECT_EQ(run.out, "");
+}
+
+TEST_F(BookFiles, TableFailures) {
+  const fs::path root = use_tree("TableFailures");
+  write_book_file(root, "files.tbl", "1 late\n2 missing\n");
+  write_book_file(root, "late", "L");
+  engine.file_table = load_file_table((root / "files.tbl").c_str());
+  const EngineRun run = capture_engine([] {
+    EXPECT_EQ(cdseek(100, 0), -1);  // ahead of every row
+    EXPECT_EQ(cdseek(4096, 0), -1);
+    EXPECT_EQ(engine.current_file, nullptr);
+    EXPECT_EQ(cdgetword(), 0);
+    cdseek(2048, 0);
+    EXPECT_EQ(cdgetbyte(), 'L');
+  });
+  EXPECT_EQ(run.out, "cdseek error at 100(0:100)error 6.\nerror 4.\n");
+  EXPECT_NE(run.err.find("missing"), std::string::npos);
+}
+
+TEST_F(BookFiles, OneFileWithoutTable) {
+  const fs::path root = use_tree("One");
+  write_book_file(root, "book", "\x01\x02\x03");
+  engine.current_file = cdopen("book");
+  ASSERT_NE(engine.current_file, nullptr);
+  const EngineRun run = capture_engine([] {
+    cdseek(2, 0);
+    EXPECT_EQ(cdgetword(), 0x0300);  // the missing low byte fails and reads 0
+    EXPECT_EQ(cdgetbyte(), 0);
+    cdseekpage(0);
+    EXPECT_EQ(cdtell(), 3);
+    cdseek(-5, 1);  // before the start: stays where it stood
+    EXPECT_EQ(cdtell(), 3);
+    cdseekpage(1);
+    EXPECT_EQ(cdgetbyte(), 1);
+    cdseek(-1, 0);
+  });
+  EXPECT_EQ(run.out,
+            "データ読み込みに失敗しました(BYTE:pos=3)\nerror 9.\n"
+            "データ読み込みに失敗しました(BYTE:pos=3)\nerror 9.\n"
+            "ページ番号が不正です(0)\nerror 8.\n"
+            "cdseek error at -1(0:2047) of " +
+                std::to_string(fileno(engine.current_file)) + "error 7.\n");
+
+  cdclose();
+  const EngineRun closed = capture_engine([] {
+    EXPECT_EQ(cdgetword(), 0);
+    EXPECT_EQ(cdtell(), -1);
+  });
+  EXPECT_EQ(closed.out, "error in cdtell: file not open\nerror 2.\n");
+}
+
+TEST_F(BookFiles, FindsNamesWhateverTheirCase) {
+  const fs::path root = use_tree("Disc");
+  write_book_file(root, "catalogs", "C", {.upper_case = true, .version = true});
+  write_book_file(root, "jiten/data/honmon", "H", {.upper_case = true, .bare_dot = true});
+  write_book_file(root, "eb/start", "S", {.upper_case = true, .bare_dot = true, .version = true});
+  EXPECT_EQ(first_byte("catalogs"), 'C');           // CATALOGS;1
+  EXPECT_EQ(first_byte("JITEN/data/HONMON"), 'H');  // JITEN/DATA/HONMON.
+  EXPECT_EQ(first_byte("eb/start"), 'S');           // EB/START.;1
+  EXPECT_EQ(first_byte("jiten"), -1);               // a directory is no book file
+  EXPECT_EQ(first_byte("catalog"), -1);
+  EXPECT_EQ(first_byte(std::string(600, 'x').c_str()), -1);
+
+  // Exact names first, then names differing in case, then in suffix too.
+  write_book_file(root, "pick/Start", "");
+  write_book_file(root, "pick/START;1", "");
+  write_book_file(root, "pick/start.", "");
+  char found[kPathSize];
+  ASSERT_TRUE(find_file((root / "pick/start").c_str(), found));
+  EXPECT_EQ(fs::path(found), root / "pick/Start");
+  ASSERT_TRUE(find_file((root / "PICK/start.").c_str(), found));
+  EXPECT_EQ(fs::path(found), root / "pick/start.");
+  EXPECT_FALSE(find_file((root / "pick/stop").c_str(), found));
+
+  engine.drive_path[0] = '\0';
+  const EngineRun run = capture_engine([] { EXPECT_EQ(cdopen("catalogs"), nullptr); });
+  EXPECT_EQ(run.out,
+            "CD-ROM のドライブを設定してください\n"
+            "（環境変数 CDDRIVE、もしくは -D オプション）\nerror 1.\n");
+}
+
+TEST_F(BookFiles, FileDotOnNamesWithoutExtension) {
+  const fs::path root = use_tree("Dot");
+  write_book_file(root, "start", "A");
+  write_book_file(root, "start.", "B");
+  write_book_file(root, "index/kana.idx", "C");
+  write_book_file(root, "index/kana.idx.", "D");
+  write_book_file(root, "v1.0/start", "E");
+  write_book_file(root, "v1.0/start.", "F");
+  write_book_file(root, "plain/honmon", "G");
+  EXPECT_EQ(first_byte("start"), 'A');
+  engine.flags |= DF_FILE_DOT;
+  EXPECT_EQ(first_byte("start"), 'B');
+  EXPECT_EQ(first_byte("index/kana.idx"), 'C');
+  EXPECT_EQ(first_byte("v1.0/start"), 'F');  // a dot in a directory is no extension
+  EXPECT_EQ(first_byte("plain/honmon"), 'G');  // "honmon." still finds "honmon"
+}
+
+}  // namespace

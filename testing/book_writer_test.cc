@@ -1,0 +1,115 @@
+#include "testing/book_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "engine/catalog.h"
+#include "testing/jis_text.h"
+#include "testing/temp_tree.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string read_file(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream bytes;
+  bytes << in.rdbuf();
+  return bytes.str();
+}
+
+TEST(JisText, Conversions) {
+  EXPECT_EQ(utf8_to_sjis("あ亜"), "\x82\xA0\x88\x9F");
+  EXPECT_EQ(utf8_to_jis("あ亜"), "\x24\x22\x30\x21");
+  EXPECT_EQ(utf8_to_jis("A ~\""), "\x23\x41\x21\x21\x21\x41\x21\x49");  // full width
+  EXPECT_THROW(utf8_to_jis("ｱ"), std::invalid_argument);  // half-width kana
+  EXPECT_THROW(utf8_to_sjis("\xF0\x9F\x98\x80"), std::invalid_argument);
+  for (int code : {0x2121, 0x2422, 0x2560, 0x3021, 0x7E7E}) {
+    const int sjis = jis_to_sjis(code);
+    EXPECT_EQ(sjis_to_jis(sjis >> 8, sjis & 0xFF), code);
+  }
+}
+
+TEST(BookWriter, CatalogRecords) {
+  BookTree epwing(BookType::kEpwing);
+  epwing.add_book("辞書", "JITEN");
+  epwing.add_book("百科", "HYAKKA");
+  const std::string catalog = epwing.catalog();
+  ASSERT_EQ(catalog.size(), 16u + 2 * 164);
+  EXPECT_EQ(catalog.substr(0, 2), std::string("\0\x02", 2));
+  EXPECT_EQ(catalog.substr(16 + 164 + 2, 4), utf8_to_jis("百科"));
+  EXPECT_EQ(catalog.substr(16 + 164 + 82, 8), "HYAKKA  ");
+
+  BookTree ebook(BookType::kElectronicBook);
+  ebook.add_book("辞書", "EB");
+  EXPECT_EQ(ebook.catalog().size(), 16u + 40);
+  ebook.add_book("一二三四五六七八九十一二三四五六", "X");
+  EXPECT_THROW(ebook.catalog(), std::invalid_argument);  // 16 codes > 15
+
+  BookTree encyclopedia(BookType::kEncyclopedia);
+  encyclopedia.add_book("百科");
+  EXPECT_EQ(encyclopedia.catalog().size(), 6u + 80);
+  EXPECT_EQ(encyclopedia.catalog_path(), "catalog/catalog1");
+  EXPECT_THROW(catalog_bytes(BookType::kEpwing, {{"", "NINECHARS"}}, 1), std::invalid_argument);
+}
+
+TEST(BookWriter, PagesAndLayouts) {
+  BookText text;
+  EXPECT_EQ(text.add_area(0x00, std::string(2049, 'b')), 2);
+  EXPECT_EQ(text.add_pages("x"), 4);
+  EXPECT_EQ(text.add_area(0x91, ""), 5);
+  EXPECT_EQ(text.add_area_at(0x01, 9, "m"), 9);
+  EXPECT_THROW(text.add_area_at(0x02, 9, "c"), std::invalid_argument);
+  ASSERT_EQ(text.entries().size(), 3u);
+  EXPECT_EQ(text.entries()[0].page_count, 2);
+  EXPECT_EQ(text.entries()[1].first_page, 5);
+  EXPECT_EQ(text.next_page(), 10);
+
+  // Rows split the space: page 1 alone, pages 2 to 5, then the rest. The
+  // empty row between holds nothing and is not written.
+  const fs::path root = fresh_directory("layout");
+  write_laid_out(root, text, {{0, "a"}, {1, "b"}, {5, "empty"}, {6, "c"}});
+  EXPECT_EQ(read_file(root / "a").substr(0, 2), std::string("\0\x03", 2));
+  EXPECT_EQ(fs::file_size(root / "a"), 2048u);
+  const std::string b = read_file(root / "b");
+  ASSERT_EQ(b.size(), 4u * 2048);
+  EXPECT_EQ(b.substr(2047, 3), std::string("bb\0", 3));
+  EXPECT_EQ(b[2 * 2048], 'x');
+  EXPECT_FALSE(fs::exists(root / "empty"));
+  EXPECT_EQ(fs::file_size(root / "c"), 3u * 2048);
+  EXPECT_EQ(read_file(root / "c")[2 * 2048], 'm');
+
+  EXPECT_EQ(file_definition_table({{0, "a"}, {0x1F, "b/c"}}),
+            "# first page (x 2048), file\n0x0,a\n0x1F,b/c\n");
+  EXPECT_EQ(encyclopedia_rows().size(), 23u);
+}
+
+TEST(BookWriter, TreesAndNames) {
+  EXPECT_EQ(styled_path("jiten/data/honmon", {.upper_case = true, .bare_dot = true, .version = true}),
+            "JITEN/DATA/HONMON.;1");
+  EXPECT_EQ(styled_path("v1.0/kana.idx", {.bare_dot = true, .version = true}), "v1.0/kana.idx;1");
+  EXPECT_EQ(styled_path("start", {.bare_dot = true}), "start.");
+
+  const fs::path root = fresh_directory("tree");
+  BookTree tree(BookType::kElectronicBook);
+  tree.names.upper_case = true;
+  tree.add_book("辞書", "eb").text.add_area(0x00, "body");
+  tree.write(root);
+  tree.write(root);  // writing again replaces the files
+  EXPECT_EQ(read_file(root / "CATALOG"), tree.catalog());
+  EXPECT_EQ(fs::file_size(root / "EB/START"), 2u * 2048);
+  EXPECT_FALSE(fs::exists(root / "EB/START.partial"));
+
+  BookTree encyclopedia(BookType::kEncyclopedia);
+  encyclopedia.add_book("百科").text.add_area_at(0x00, 155893, "honmon");
+  const fs::path encyclopedia_root = fresh_directory("encyclopedia");
+  encyclopedia.write(encyclopedia_root);
+  EXPECT_EQ(fs::file_size(encyclopedia_root / "start"), 2048u);
+  EXPECT_EQ(read_file(encyclopedia_root / "sekai/honmon.dat").substr(0, 6), "honmon");
+  EXPECT_TRUE(fs::exists(encyclopedia_root / "catalog/catalog1"));
+}
+
+}  // namespace
