@@ -1,0 +1,38 @@
+#include "controls/transcript_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "controls/utf8_text.h"
+
+namespace {
+
+TEST(TranscriptTest, LinesAndEscapes) {
+  char* buffer = nullptr;
+  size_t size = 0;
+  FILE* stream = open_memstream(&buffer, &size);
+  TranscriptWriter writer(stream);
+  writer.Started();
+  writer.Braille(u"辞書選択:広辞苑");
+  writer.Speech(u"一行目\r\n二行目\r三\t\\SD\x01");
+  writer.Braille(u"");
+  writer.Beep(32);
+  writer.Ended();
+  std::fclose(stream);
+  EXPECT_EQ(std::string(buffer, size),
+            "STARTED\nBRL 辞書選択:広辞苑\nTTS 一行目\\n二行目\\n三\\t\\\\SD\\x01\nBRL \n"
+            "BEEP 32\nENDED\n");
+  std::free(buffer);
+}
+
+TEST(Utf8Test, RoundTripsAndReplacesBadInput) {
+  const CString text(u"かな\U00020B9F abc");
+  EXPECT_EQ(FromUtf8(ToUtf8(text)), text);
+  EXPECT_EQ(ToUtf8(CString(u"\xD800x")), "\xEF\xBF\xBDx");  // lone surrogate
+  EXPECT_EQ(FromUtf8("a\xFF\xC3"), CString(u"a\xFFFD\xFFFD"));
+  EXPECT_EQ(FromUtf8("\xC0\xAF"), CString(u"\xFFFD\xFFFD"));  // overlong
+}
+
+}  // namespace

@@ -1,0 +1,167 @@
+#include "controls/vek_edit.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/recording_presenter.h"
+
+namespace {
+
+void Type(CVekEdit& edit, const CString& text) {
+  std::vector<uint32_t> record = MakeJpnData(text);
+  edit.OnReadJPNEditTXT(reinterpret_cast<_JPNDATA*>(record.data()));
+}
+
+// A field set up as the screens set up a writable line or a reading text.
+void SetUpField(CVekEdit& edit, bool article, const CString& text) {
+  edit.Empty();
+  edit.SetMultiLine(article ? 1 : 0);
+  edit.SetControl(article ? 7 : 4);
+  edit.SetReadOnlyMode(0);
+  edit.SetLabel(u"検索ワード:");
+  edit.SetText(text, 0);
+  if (article) edit.SetReadOnlyMode(1);
+}
+
+TEST(EditTest, TypingMovingAndDeletingInALine) {
+  ScopedRecordingPresenter out;
+  CVekEdit edit;
+  SetUpField(edit, false, u"");
+  edit.SetFocus(u"検索ワード:", 1);
+  EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 検索ワード:", "TTS 検索ワード:空欄"}));
+
+  Type(edit, u"いぬ");
+  EXPECT_EQ(out.LastBraille(), "検索ワード:いぬ");
+  EXPECT_EQ(out.LastSpeech(), "いぬ");
+  edit.OnBrailleKey(1024, 0);  // back one: on "ぬ"
+  EXPECT_EQ(out.LastSpeech(), "ぬ");
+  Type(edit, u"あ\nか");  // line breaks don't enter a one-line field
+  EXPECT_EQ(edit.GetText(0), CString(u"いあかぬ"));
+  EXPECT_EQ(edit.Cursor(), 3);
+
+  edit.OnBrailleKey(64, 0);  // backspace takes "か"
+  EXPECT_EQ(out.LastSpeech(), "か");
+  edit.OnBrailleKey(4096, 0);  // delete takes "ぬ"
+  EXPECT_EQ(edit.GetText(0), CString(u"いあ"));
+  edit.OnBrailleKey(2048, 0);
+  EXPECT_EQ(out.LastSpeech(), "行末");
+  edit.OnBrailleKey(512, 0);
+  EXPECT_EQ(edit.Cursor(), 0);
+  edit.OnBrailleCursor(7, 0);  // cells 0-5 hold the label
+  EXPECT_EQ(edit.Cursor(), 1);
+
+  // A character beyond the BMP is one step and one deletion.
+  SetUpField(edit, false, u"a\U00020B9Fb");
+  edit.OnBrailleKey(2048, 0);
+  edit.OnBrailleKey(2048, 0);
+  EXPECT_EQ(edit.Cursor(), 3);
+  edit.OnBrailleKey(64, 0);
+  EXPECT_EQ(edit.GetText(0), CString(u"ab"));
+  EXPECT_EQ(edit.Cursor(), 1);
+}
+
+TEST(EditTest, ReadOnlyTextReadsByLineAndAll) {
+  ScopedRecordingPresenter out;
+  CVekEdit edit;
+  SetUpField(edit, true, u"いぬ【犬】\r\n\n動物。");
+  edit.SetFocus(u"検索結果:", 1);
+  EXPECT_EQ(out.LastBraille(), "検索結果:いぬ【犬】");
+
+  edit.OnBrailleKey(48, 0);
+  EXPECT_EQ(out.LastSpeech(), "空行");
+  edit.OnBrailleKey(16384, 0);
+  EXPECT_EQ(out.LastBraille(), "動物。");
+  edit.OnBrailleKey(48, 0);  // last line: told again
+  EXPECT_EQ(out.LastBraille(), "動物。");
+  edit.OnBrailleKey(24, 0);
+  edit.OnBrailleKey(8192, 0);
+  EXPECT_EQ(out.LastBraille(), "いぬ【犬】");
+
+  Type(edit, u"猫");
+  edit.OnBrailleKey(64, 0);
+  EXPECT_EQ(out.LastSpeech(), "読み取り専用");
+  EXPECT_EQ(edit.GetText(0), CString(u"いぬ【犬】\r\n\n動物。"));
+
+  edit.OnBrailleKey(48, 0);
+  edit.OnReadAll();  // from the start of the cursor's line
+  EXPECT_EQ(out.LastSpeech(), "\\n動物。");
+  edit.PositionAtReadStop(3, 0);
+  EXPECT_EQ(edit.Cursor(), 10);
+  EXPECT_EQ(out.LastBraille(), "動物。");
+  edit.PositionAtReadStop(4000000000u, 0);
+  EXPECT_EQ(edit.Cursor(), 11);
+  out.Clear();
+  edit.OnReadAllEnd(1);
+  EXPECT_EQ(out.Events().front(), "STOP");
+}
+
+TEST(EditTest, KeyFortyOneSubStateEndsOnTheClosingKeys) {
+  ScopedRecordingPresenter out;
+  CVekEdit edit;
+  for (uint32_t closing : {256u, 234u, 106u, 88u}) {
+    SetUpField(edit, false, u"かな");
+    EXPECT_EQ(edit.OnBrailleKey(41, 0), 1);
+    EXPECT_TRUE(edit.InEditMenu());
+    edit.OnBrailleKey(112, 0);  // other keys stay in the menu
+    edit.OnBrailleKey(2048, 0);
+    EXPECT_TRUE(edit.InEditMenu());
+    EXPECT_EQ(edit.Cursor(), 0);
+    edit.OnBrailleKey(closing, 0);
+    EXPECT_FALSE(edit.InEditMenu()) << closing;
+  }
+
+  // 48 twice reaches "末尾へ"; Enter carries it out.
+  SetUpField(edit, false, u"かな");
+  edit.OnBrailleKey(41, 0);
+  edit.OnBrailleKey(48, 0);
+  edit.OnBrailleKey(48, 0);
+  EXPECT_EQ(out.LastBraille(), "末尾へ");
+  edit.OnBrailleKey(256, 0);
+  EXPECT_EQ(edit.Cursor(), 2);
+
+  // Back from the last entry wraps to "全文削除" in a writable field; 88
+  // closes without doing it, 234 does it.
+  edit.OnBrailleKey(41, 0);
+  edit.OnBrailleKey(24, 0);
+  EXPECT_EQ(out.LastBraille(), "全文削除");
+  edit.OnBrailleKey(88, 0);
+  EXPECT_EQ(edit.GetText(0), CString(u"かな"));
+  edit.OnBrailleKey(41, 0);
+  edit.OnBrailleKey(24, 0);
+  edit.OnBrailleKey(234, 0);
+  EXPECT_TRUE(edit.GetText(0).IsEmpty());
+
+  // A read-only text offers no deletion.
+  SetUpField(edit, true, u"本文");
+  edit.OnBrailleKey(41, 0);
+  edit.OnBrailleKey(24, 0);
+  EXPECT_EQ(out.LastBraille(), "末尾へ");
+}
+
+TEST(EditTest, AnnouncementsGoToThePresenter) {
+  ScopedRecordingPresenter out;
+  CVekEdit edit;
+  edit.PlayBrl(0, u"", 0);  // clears; nothing shown yet
+  edit.PlayBrl(-1, u"検索開始", -1);
+  edit.PlayTts(u"検索開始");
+  edit.SetSync(1);
+  edit.PlayTts(u"");
+  edit.PlayTts(u"登録しました");
+  EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 検索開始", "TTS 検索開始", "STOP",
+                                                     "TTS! 登録しました"}));
+}
+
+TEST(JpnDataTest, RecordCarriesTextAndIsBoundedByItsSize) {
+  std::vector<uint32_t> record = MakeJpnData(u"辞書");
+  EXPECT_EQ(record[0], 20u);  // header and two units
+  EXPECT_EQ(record[1], 2u);
+  EXPECT_EQ(record[3], 1u);  // the word the frame reads
+  auto* data = reinterpret_cast<_JPNDATA*>(record.data());
+  EXPECT_EQ(JpnDataText(data), CString(u"辞書"));
+  data->textUnits = 1000;  // a length beyond the record is cut to it
+  EXPECT_EQ(JpnDataText(data), CString(u"辞書"));
+  data->recordSize = 8;
+  EXPECT_TRUE(JpnDataText(data).IsEmpty());
+  EXPECT_TRUE(JpnDataText(nullptr).IsEmpty());
+}
+
+}  // namespace

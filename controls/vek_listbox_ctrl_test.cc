@@ -1,0 +1,82 @@
+#include "controls/vek_listbox_ctrl.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/recording_presenter.h"
+#include "controls/vek_button_ctrl.h"
+
+namespace {
+
+void Fill(CVekListboxCtrl& list) {
+  list.ResetContent();
+  list.SetLabel(u"辞書選択:");
+  list.AddString(u"広辞苑");
+  list.AddString(u"英和");
+  list.AddString(u"漢字");
+}
+
+TEST(ListboxTest, MovesFollowKeysAndStopAtTheEnds) {
+  ScopedRecordingPresenter out;
+  CVekListboxCtrl list;
+  Fill(list);
+  list.SetCurSel(0);
+  list.DisplayItem(1);
+  EXPECT_EQ(out.LastBraille(), "辞書選択:広辞苑");
+  EXPECT_EQ(out.LastSpeech(), "辞書選択:広辞苑");
+
+  list.OnBrailleKeyProc(48, 0);
+  EXPECT_EQ(list.GetCurSel(), 1);
+  EXPECT_EQ(out.LastBraille(), "辞書選択:英和");
+  list.OnBrailleKeyProc(16384, 0);
+  list.OnBrailleKeyProc(48, 0);  // at the last item: stays, told again
+  EXPECT_EQ(list.GetCurSel(), 2);
+  EXPECT_EQ(out.LastSpeech(), "辞書選択:漢字");
+  list.OnBrailleKeyProc(8192, 0);
+  list.OnBrailleKeyProc(24, 0);
+  list.OnBrailleKeyProc(24, 0);
+  EXPECT_EQ(list.GetCurSel(), 0);
+
+  // Keys that are no moves change nothing and present nothing.
+  out.Clear();
+  list.OnBrailleKeyProc(256, 0);
+  EXPECT_EQ(list.GetCurSel(), 0);
+  EXPECT_TRUE(out.Events().empty());
+
+  CString text;
+  list.GetText(1, text);
+  EXPECT_EQ(text, CString(u"英和"));
+  list.GetText(7, text);
+  EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(ListboxTest, SelectionOutsideTheListIsToldSafely) {
+  ScopedRecordingPresenter out;
+  CVekListboxCtrl list;
+  Fill(list);
+  EXPECT_EQ(list.SetCurSel(5), -1);
+  EXPECT_EQ(list.GetCurSel(), -1);
+  list.DisplayItem(1);
+  EXPECT_EQ(out.LastBraille(), "辞書選択:項目なし");
+  list.OnBrailleKeyProc(24, 0);  // from nothing, back goes to the last
+  EXPECT_EQ(list.GetCurSel(), 2);
+  list.SetCurSel(-3);
+  list.OnBrailleKeyProc(48, 0);  // and on goes to the first
+  EXPECT_EQ(list.GetCurSel(), 0);
+
+  list.ResetContent();
+  list.SetCurSel(0);
+  list.OnBrailleKeyProc(48, 0);
+  EXPECT_EQ(list.GetCurSel(), -1);
+  EXPECT_EQ(list.GetCount(), 0);
+  EXPECT_EQ(out.LastSpeech(), "辞書選択:項目なし");
+}
+
+TEST(ButtonTest, DisplayItemPresentsTheLabel) {
+  ScopedRecordingPresenter out;
+  CVekButtonCtrl button;
+  button.SetLabel(u"開く");
+  button.DisplayItem(1);
+  EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 開く", "TTS 開く ボタン"}));
+}
+
+}  // namespace

@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <string>
+
+#include "controls/recording_presenter.h"
+#include "controls/utf8_text.h"
+#include "controls/vek_menu_ctrl.h"
+#include "controls/vek_prompt_ctrl.h"
+
+namespace {
+
+// A language file in a fresh folder; its host path as a wide string.
+class LanguageFileOnDisk {
+ public:
+  explicit LanguageFileOnDisk(const std::string& text) {
+    char folder[] = "/tmp/controls_lang_XXXXXX";
+    folder_ = mkdtemp(folder);
+    path_ = folder_ + "/words.lng";
+    FILE* file = std::fopen(path_.c_str(), "wb");
+    std::fputs(text.c_str(), file);
+    std::fclose(file);
+  }
+  ~LanguageFileOnDisk() {
+    std::remove(path_.c_str());
+    rmdir(folder_.c_str());
+  }
+  CString Name() const { return FromUtf8(path_); }
+
+ private:
+  std::string folder_;  // made for this file
+  std::string path_;    // the file
+};
+
+// The menu as the frame builds it on the search screen.
+void Build(CVekMenuCtrl& menu) {
+  menu.InitPrompt();
+  HVEKMENUITEM close = menu.AddMenu(nullptr, 1, 44, 1, u"", nullptr, 0);
+  menu.AddMenu(close, 2, 202, 0, u"", nullptr, 0);
+  HVEKMENUITEM go = menu.AddMenu(nullptr, 4, 72, 1, u"", nullptr, 0);
+  menu.AddMenu(go, 5, 104, 0, u"", nullptr, 0);
+  HVEKMENUITEM options = menu.AddMenu(nullptr, 6, 74, 1, u"", nullptr, 0);
+  menu.AddMenu(options, 7, 74, 0, u"", nullptr, 0);
+  menu.SetFocus();
+  menu.DoModal();
+}
+
+TEST(MenuTest, MovesOpensGroupsAndChooses) {
+  ScopedRecordingPresenter out;
+  LanguageFileOnDisk file("\xEF\xBB\xBF# labels\r\ntitle=メニュー\r\n1=終了\r\n 4 =移動\n5=辞書の追加と削除\nbad line\n");
+  CVekMenuCtrl menu;
+  menu.OpenRes(file.Name());
+  Build(menu);
+  EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 終了", "TTS メニュー 終了"}));
+
+  EXPECT_NE(menu.OnBrailleKey(48, 0), 0u);
+  EXPECT_EQ(out.LastBraille(), "移動");
+  EXPECT_NE(menu.OnBrailleKey(16384, 0), 0u);
+  EXPECT_EQ(out.LastBraille(), "項目6");  // no label in the file
+  EXPECT_NE(menu.OnBrailleKey(48, 0), 0u);  // round the end
+  EXPECT_EQ(out.LastBraille(), "終了");
+  EXPECT_NE(menu.OnBrailleKey(24, 0), 0u);
+  EXPECT_NE(menu.OnBrailleKey(8192, 0), 0u);
+  EXPECT_NE(menu.OnBrailleKey(256, 0), 0u);  // opens the group
+  EXPECT_EQ(out.LastBraille(), "辞書の追加と削除");
+  EXPECT_EQ(menu.OnBrailleKey(256, 0), 0u);
+  EXPECT_EQ(menu.GetSelectID(), 5);
+  EXPECT_FALSE(menu.IsOpen());
+
+  // The key value of an entry chooses it: 74 opens group 6, then picks 7.
+  Build(menu);
+  EXPECT_NE(menu.OnBrailleKey(74, 0), 0u);
+  EXPECT_EQ(menu.OnBrailleKey(74, 0), 0u);
+  EXPECT_EQ(menu.GetSelectID(), 7);
+
+  for (uint32_t back : {88u, 218u}) {
+    Build(menu);
+    menu.OnBrailleKey(256, 0);
+    EXPECT_EQ(menu.OnBrailleKey(back, 0), 0u);
+    EXPECT_EQ(menu.GetSelectID(), 0);
+  }
+
+  // An empty menu is told as such, and Enter closes it with no choice.
+  menu.InitPrompt();
+  menu.SetFocus();
+  EXPECT_EQ(out.LastBraille(), "項目なし");
+  EXPECT_EQ(menu.OnBrailleKey(256, 0), 0u);
+  EXPECT_EQ(menu.GetSelectID(), 0);
+}
+
+TEST(MenuTest, MissingLanguageFileGivesNumberedLabels) {
+  ScopedRecordingPresenter out;
+  CVekMenuCtrl menu;
+  menu.OpenRes(u"/nonexistent/folder/EPWING_MENU.lng");
+  Build(menu);
+  EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 項目1", "TTS メニュー 項目1"}));
+}
+
+TEST(PromptTest, AnswersAndClosingKeys) {
+  ScopedRecordingPresenter out;
+  LanguageFileOnDisk file("yes=する\nno=しない\n");
+  CVekPromptCtrl prompt;
+  prompt.OpenRes(file.Name());
+  prompt.SetPrompt(u"広辞苑 を削除しますか？", 1, 0);
+  prompt.SetFocus();
+  EXPECT_EQ(out.LastSpeech(), "広辞苑 を削除しますか？ しない");
+  EXPECT_NE(prompt.OnBrailleKey(48, 0), 0u);
+  EXPECT_EQ(out.LastSpeech(), "する");
+  EXPECT_EQ(prompt.OnBrailleKey(256, 0), 0u);
+  EXPECT_EQ(prompt.GetSelectKey(), 234u);
+
+  prompt.SetPrompt(u"q", 1, 0);
+  prompt.SetFocus();
+  EXPECT_EQ(prompt.OnBrailleKey(256, 0), 0u);  // no is in view at first
+  EXPECT_EQ(prompt.GetSelectKey(), 0u);
+
+  prompt.SetFocus();
+  prompt.OnBrailleKey(24, 0);
+  prompt.OnBrailleKey(8192, 0);
+  EXPECT_EQ(prompt.OnBrailleKey(234, 0), 0u);  // yes at once
+  EXPECT_EQ(prompt.GetSelectKey(), 234u);
+
+  for (uint32_t back : {88u, 218u}) {
+    prompt.SetPrompt(u"q", 1, 0);
+    prompt.SetFocus();
+    prompt.OnBrailleKey(48, 0);
+    EXPECT_NE(prompt.OnBrailleKey(112, 0), 0u);  // other keys keep it open
+    EXPECT_EQ(prompt.OnBrailleKey(back, 0), 0u);
+    EXPECT_EQ(prompt.GetSelectKey(), 0u);
+  }
+
+  CVekPromptCtrl bare;
+  bare.OpenRes(u"\\windows\\no_such_words.lng");
+  EXPECT_EQ(bare.YesWord(), CString(u"はい"));
+  EXPECT_EQ(bare.NoWord(), CString(u"いいえ"));
+}
+
+}  // namespace
