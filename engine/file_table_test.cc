@@ -29,17 +29,6 @@ class FileTables : public ::testing::Test {
   }
 };
 
-TEST_F(FileTables, DefaultTableIsTheEncyclopediaLayout) {
-  EXPECT_EQ(rows(default_file_table), 23);
-  EXPECT_STREQ(default_file_table[0].name, "start");
-  EXPECT_EQ(default_file_table[1].first_page, 1);
-  EXPECT_STREQ(default_file_table[1].name, "index/kana.idx");
-  EXPECT_EQ(default_file_table[15].first_page, 155892);
-  EXPECT_STREQ(default_file_table[15].name, "sekai/honmon.dat");
-  EXPECT_EQ(default_file_table[22].first_page, 0x45033);
-  EXPECT_STREQ(default_file_table[22].name, "gaiji/gai24.han");
-}
-
 TEST_F(FileTables, DefinitionFormat) {
   LogicalFile* table = load(
       "# first page, file\n"
