@@ -16,7 +16,12 @@ extern LogicalFile default_file_table[];
 // The table -F or CDFILES describes: 30 rows and the end row.
 extern LogicalFile defined_file_table[];
 
-// Opens `name` under drive_path for reading ("rb"); null when it can't.
+// Opens `name` under drive_path for reading ("rb"): the whole path is
+// lower-cased, gets a final '.' under DF_FILE_DOT when its last component
+// has none, and is then found whatever the case and disc suffixes of the
+// stored names (engine/find_file.h). Null, without a message, when there is
+// no such file or the path would pass 511 bytes; failure 1 when drive_path
+// is empty.
 FILE* cdopen(const char* name);
 // Closes whatever book files are open; current_file becomes null.
 void cdclose();
