@@ -28,10 +28,12 @@ bool path_from_env(const char* name, char* path) {
   return true;
 }
 
-// The variables, in their fixed order. CDDRIVE is normalised while the flags
-// still hold what the last run left, before CDDEBUG is read, so that
-// DF_NO_BACKSLASH from CDDEBUG never reaches the drive path.
+// The variables, in their fixed order. CDDRIVE is normalised before CDDEBUG
+// is read, so that DF_NO_BACKSLASH from CDDEBUG never reaches the drive
+// path; the flags are cleared first so that no flag of the last run does,
+// and every run starts as a new command would.
 void read_environment() {
+  engine.flags = 0;
   if (path_from_env("CDDRIVE", engine.drive_path)) normalize_drive(engine.drive_path);
   path_from_env("CDFILE", engine.single_file);
   engine.flags = static_cast<uint32_t>(number_from_env("CDDEBUG", 0));
