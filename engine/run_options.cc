@@ -10,9 +10,16 @@
 #include "engine/number.h"
 #include "engine/run.h"
 #include "search/index_search.h"
+#include "text/decoder.h"
 #include "text/gaiji.h"
 
 namespace {
+
+// -M, -P, -U: the record at the head of `page` of the book.
+void show_page(int32_t page) {
+  cdseekpage(page);
+  cdtext(0);
+}
 
 // Upper case for ASCII letters only; Shift-JIS bytes stay as they are.
 char ascii_upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
@@ -136,13 +143,20 @@ void run_option(char* argument) {
     case '$':
       dump_gaiji_file(value);
       break;
+    case 'M':
+      show_page(find_index(1));
+      break;
+    case 'P':
+      find_index(-1);
+      show_page(parse_number(value));
+      break;
+    case 'U':
+      show_page(find_index(2));
+      break;
     // Rows of Parts still being written: each does nothing until its Part
     // lands and moves it to a case of its own.
-    case 'M':  // find_index(1), cdseekpage to that page, cdtext(0)
-    case 'P':  // find_index(-1), cdseekpage(value), cdtext(0)
     case 'Q':  // cdindexdump(value, or 0x91 when empty)
     case 'T':  // cdtextscan(value, or 0 when empty)
-    case 'U':  // find_index(2), cdseekpage to that page, cdtext(0)
       break;
     default:
       print_bad_option(argument, "");
@@ -166,8 +180,10 @@ void engine_arg(char* argument) {
     return;
   }
   if (first >= '0' && first <= '9' && (engine.flags & DF_SYNONYM_INDEX) == 0) {
-    // A position: find_index(-1), cdseek(parse_number(argument), 0),
-    // cdtext(0) once the index directory and the decoder land.
+    // A position in the book's address space.
+    find_index(-1);
+    cdseek(parse_number(argument), 0);
+    cdtext(0);
     return;
   }
   cdsearch(argument);
