@@ -1,0 +1,28 @@
+// A lookup: the one way the application asks a book for a word. It proves
+// that the dictionary's folder still holds a catalog, runs the engine into
+// the work file "\windows\epwingwork.dat", reloads the dictionary's Braille
+// gaiji table, and parses the work file into the articles and the
+// forward-match candidates. The lists keep the engine's text as it stands;
+// the display filters act only when it is shown.
+#ifndef RESULTS_LOOKUP_H_
+#define RESULTS_LOOKUP_H_
+
+#include <cstdint>
+
+#include "platform/wide_string.h"
+#include "results/gaiji_mapping.h"
+#include "results/result_item.h"
+
+// The work file's device name. It is deleted before each run, written by
+// the engine and left behind until the next lookup.
+extern const char16_t kWorkFileName[];
+
+// Looks `word` up in book `bookNumber` of the folder `path` (a device
+// name). Empties `articles` and `candidates` first in every case. Returns
+// -1, with `gaiji` and the work file untouched and the engine not run,
+// when the folder holds no catalog; otherwise 0, whatever was found.
+int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
+                   ResultItemArray& articles, ResultItemArray& candidates,
+                   GaijiMappingArray& gaiji);
+
+#endif  // RESULTS_LOOKUP_H_
