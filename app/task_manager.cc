@@ -1,0 +1,60 @@
+#include "app/task_manager.h"
+
+#include "app/notify_beep.h"
+#include "app/reader_app.h"
+#include "controls/jpn_data.h"
+
+bool CTaskManagerWnd::StartApplication(CVekWinApp& app) {
+  if (!CreateWindowObject()) return false;
+  CString commandLine;
+  commandLine.Format(u"0 %u", static_cast<unsigned>(GetSafeHwnd()));
+  return app.Start(commandLine);
+}
+
+void CTaskManagerWnd::DeliverKey(uint32_t key) { PostMessage(appWnd_, WM_VEK_KEY_IN, key, 0); }
+
+void CTaskManagerWnd::DeliverCursor(uint32_t cell) {
+  PostMessage(appWnd_, WM_VEK_CURSOR_IN, cell, 0);
+}
+
+void CTaskManagerWnd::DeliverSetting(uint32_t setting, int32_t value) {
+  PostMessage(appWnd_, WM_VEK_SETTING, setting, value);
+}
+
+void CTaskManagerWnd::DeliverMute(bool mute) { PostMessage(appWnd_, WM_VEK_MUTE, mute ? 1 : 0, 0); }
+
+void CTaskManagerWnd::DeliverText(const CString& text) {
+  std::vector<uint32_t> record = MakeJpnData(text);
+  tagCOPYDATASTRUCT data{JPNDATA_COPYDATA_ID, static_cast<uint32_t>(record.size() * 4),
+                         record.data()};
+  SendMessage(appWnd_, WM_COPYDATA, GetSafeHwnd(), reinterpret_cast<LPARAM>(&data));
+}
+
+bool CTaskManagerWnd::TakeFolderChoice(CString& folder) {
+  if (folderChoices_.empty()) return false;
+  folder = folderChoices_.front();
+  folderChoices_.pop_front();
+  return true;
+}
+
+LRESULT CTaskManagerWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_VEK_APP_STARTED:
+      appWnd_ = static_cast<HWND>(wParam);
+      for (TranscriptWriter* writer : transcripts_) writer->Started();
+      return 0;
+    case WM_VEK_APP_ENDED:
+      appWnd_ = 0;
+      ended_ = true;
+      for (TranscriptWriter* writer : transcripts_) writer->Ended();
+      return 0;
+    case WM_COPYDATA: {
+      int32_t code = 0;
+      if (ReadBeepRecord(reinterpret_cast<const tagCOPYDATASTRUCT*>(lParam), code))
+        for (TranscriptWriter* writer : transcripts_) writer->Beep(code);
+      return 0;
+    }
+    default:
+      return CWnd::WindowProc(message, wParam, lParam);
+  }
+}

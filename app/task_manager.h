@@ -1,0 +1,56 @@
+// CTaskManagerWnd: a stand-in for the device's task manager, a window in
+// the reader's own process. It starts the application with "0 <its own
+// window handle>" on the command line and then plays the device's part:
+// keys as WM_VEK_KEY_IN, cursor-routing keys as WM_VEK_CURSOR_IN, typed
+// text as Japanese text data by WM_COPYDATA, device settings and mute. It
+// writes what it is told (STARTED, ENDED, BEEP <code>) to the transcripts.
+#ifndef APP_TASK_MANAGER_H_
+#define APP_TASK_MANAGER_H_
+
+#include <cstdint>
+#include <deque>
+#include <vector>
+
+#include "controls/transcript_writer.h"
+#include "platform/wide_string.h"
+#include "platform/window.h"
+
+class CVekWinApp;
+
+class CTaskManagerWnd : public CWnd {
+ public:
+  // Its events go to `writer` too; the writer stays the caller's.
+  void AddTranscript(TranscriptWriter* writer) { transcripts_.push_back(writer); }
+
+  // Creates this window and starts `app`; false when the application did
+  // not start.
+  bool StartApplication(CVekWinApp& app);
+  // The application's window from WM_VEK_APP_STARTED until WM_VEK_APP_ENDED;
+  // 0 outside that time.
+  HWND AppWindow() const { return appWnd_; }
+  // True once the application has told of its end.
+  bool AppEnded() const { return ended_; }
+
+  // Posted to the application's window, as the device's keys are.
+  void DeliverKey(uint32_t key);
+  void DeliverCursor(uint32_t cell);
+  void DeliverSetting(uint32_t setting, int32_t value);
+  void DeliverMute(bool mute);
+  // Sent at once: the record lives only for the call.
+  void DeliverText(const CString& text);
+
+  // Answers for the next folder choosers, in order.
+  void QueueFolderChoice(const CString& folder) { folderChoices_.push_back(folder); }
+  // The oldest answer not yet taken; false when there is none.
+  bool TakeFolderChoice(CString& folder);
+
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  std::vector<TranscriptWriter*> transcripts_;  // where STARTED, ENDED, BEEP go
+  HWND appWnd_ = 0;                              // the application's window while it runs
+  bool ended_ = false;                           // WM_VEK_APP_ENDED has come
+  std::deque<CString> folderChoices_;            // answers for folder choosers
+};
+
+#endif  // APP_TASK_MANAGER_H_

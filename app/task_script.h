@@ -1,0 +1,46 @@
+// Key scripts: what the task manager stand-in delivers, one action a line
+// (format in docs/epwingdict.md). Blank lines and lines whose first
+// non-blank character is "#" are skipped; an action is
+//
+//   KEY_NAME | <decimal code>   a Braille key (names in kKeyNames)
+//   text <UTF-8 text>           typed text, everything behind "text "
+//   cursor <n>                  a cursor-routing key on cell n
+//   setting <w> <l>             a device setting: number w, value l
+//   mute <0|1>                  speech of announcements off (1) or on (0)
+//   choose <folder>             the answer of the next folder chooser
+#ifndef APP_TASK_SCRIPT_H_
+#define APP_TASK_SCRIPT_H_
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/wide_string.h"
+
+class CTaskManagerWnd;
+
+struct TaskAction {
+  enum Kind { kKey, kText, kCursor, kSetting, kMute, kChoose };
+  Kind kind = kKey;    // what to deliver
+  uint32_t number = 0; // key code, cursor cell, setting number, or mute flag
+  int32_t value = 0;   // setting value
+  CString text;        // typed text or chosen folder
+};
+
+// A key code by name.
+struct KeyName {
+  const char* name;  // as in scripts, e.g. "KEY_ENTER"
+  uint32_t code;     // what the task manager delivers
+};
+extern const KeyName kKeyNames[];
+extern const int kKeyNameCount;
+
+// Appends the actions of `script` to `actions`. False at the first line
+// that is no action, with `error` saying which ("line 3: ...").
+bool ParseTaskScript(const std::string& script, std::vector<TaskAction>& actions,
+                     std::string& error);
+
+// Hands one action to the task manager.
+void PerformTaskAction(CTaskManagerWnd& taskManager, const TaskAction& action);
+
+#endif  // APP_TASK_SCRIPT_H_
