@@ -1,0 +1,205 @@
+// epwingdict: the reader on a Linux terminal. A stand-in for the device's
+// task manager starts the application and hands it keys: from the keyboard
+// when standard input is a terminal, or from a key script (--keys). What
+// the user would get on the Braille display and from speech comes out as
+// transcript lines (BRL, TTS, BEEP, STARTED, ENDED), and speech through
+// espeak-ng when it is asked for.
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "app/reader_app.h"
+#include "app/task_manager.h"
+#include "app/task_script.h"
+#include "cli/terminal_keys.h"
+#include "controls/espeak_presenter.h"
+#include "controls/language_file.h"
+#include "controls/presenter_pair.h"
+#include "controls/transcript_writer.h"
+#include "platform/device_path.h"
+
+namespace {
+
+const char kUsage[] =
+    "usage: epwingdict [--keys FILE|-] [--transcript FILE] [--card DIR] [--home DIR]\n"
+    "                  [--speech espeak|none]\n"
+    "\n"
+    "The Japanese dictionary reader, with the keyboard standing in for the Braille\n"
+    "keyboard. What the Braille display shows and what is spoken come out as\n"
+    "lines: \"BRL <text>\", \"TTS <text>\", \"BEEP <code>\", \"STARTED\", \"ENDED\".\n"
+    "\n"
+    "  --keys FILE       run a key script (\"-\": standard input) instead of the\n"
+    "                    keyboard: one action a line, \"#\" starts a comment:\n"
+    "                      KEY_NAME or a decimal key code, e.g. KEY_NEXT_CTRL or 48\n"
+    "                      text <UTF-8 text>   typed into the focused field\n"
+    "                      cursor <n>          cursor-routing key on cell n\n"
+    "                      setting <w> <l>     device setting w takes value l\n"
+    "                      mute <0|1>          announcements silent (1) or not (0)\n"
+    "                      choose <folder>     answer of the next folder chooser\n"
+    "                    The run ends when the reader closes (KEY_EXIT on the first\n"
+    "                    screen saves the settings) or when the script ends, which\n"
+    "                    saves nothing, as if the process were killed.\n"
+    "  --transcript FILE write the lines to FILE (default: standard output)\n"
+    "  --card DIR        the folder that stands for the SD card (default:\n"
+    "                    $EPWINGDICT_CARD, else the demo card of the build)\n"
+    "  --home DIR        the program's folder, which holds epwingdict.ini\n"
+    "                    (default: $XDG_CONFIG_HOME/epwingdict or ~/.config/epwingdict)\n"
+    "  --speech MODE     espeak: speak through espeak-ng (voice ja) when it is\n"
+    "                    installed; none: no speech. Default: espeak at the\n"
+    "                    keyboard, none with --keys\n"
+    "  --help            this text\n"
+    "\n"
+    "Key names: KEY_OPTION_VALUE 16, KEY_OPTION_UP 24, KEY_PREV_CTRL 28,\n"
+    "KEY_EDIT_POPUP 41, KEY_OPTION_DOWN 48, KEY_MENU 58, KEY_BACK 88,\n"
+    "KEY_EDIT_CLOSE 106, KEY_NEXT_CTRL 112, KEY_EXIT 218, KEY_YES 234, KEY_ENTER 256.\n"
+    "Lists, menus and the prompt move with 24 and 48.\n"
+    "\n"
+    "Keyboard (when standard input is a terminal):\n";
+
+struct Options {
+  std::string keys;        // script path, "-" for standard input; empty: keyboard
+  std::string transcript;  // transcript path; empty: standard output
+  std::string card;        // host folder of "\SD"
+  std::string home;        // host folder of the program's folder
+  std::string speech;      // "espeak", "none", or empty for the default
+};
+
+int Fail(const std::string& message) {
+  std::fprintf(stderr, "epwingdict: %s\nTry 'epwingdict --help'.\n", message.c_str());
+  return 2;
+}
+
+// 0 when the options were read, else the exit code (-1: --help shown).
+int ReadOptions(int argc, char** argv, Options& options) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string option = argv[i];
+    if (option == "--help" || option == "-h") {
+      std::fputs(kUsage, stdout);
+      std::fputs(kTerminalKeyHelp, stdout);
+      return -1;
+    }
+    std::string* target = option == "--keys"         ? &options.keys
+                          : option == "--transcript" ? &options.transcript
+                          : option == "--card"       ? &options.card
+                          : option == "--home"       ? &options.home
+                          : option == "--speech"     ? &options.speech
+                                                     : nullptr;
+    if (target == nullptr) return Fail("unknown option '" + option + "'");
+    if (i + 1 >= argc || argv[i + 1][0] == '\0') return Fail(option + " needs a value");
+    *target = argv[++i];
+  }
+  if (!options.speech.empty() && options.speech != "espeak" && options.speech != "none")
+    return Fail("--speech takes espeak or none, not '" + options.speech + "'");
+  if (options.keys.empty() && !isatty(STDIN_FILENO))
+    return Fail("standard input is not a terminal: give a key script with --keys");
+  return 0;
+}
+
+bool ReadScript(const std::string& path, std::string& script) {
+  std::stringstream text;
+  if (path == "-") {
+    text << std::cin.rdbuf();
+  } else {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return false;
+    text << file.rdbuf();
+  }
+  script = text.str();
+  return true;
+}
+
+std::string DefaultCard() {
+  const char* fromEnvironment = std::getenv("EPWINGDICT_CARD");
+  if (fromEnvironment != nullptr && fromEnvironment[0] != '\0') return fromEnvironment;
+  return ProgramHostFolder() + "../card";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Options options;
+  if (int code = ReadOptions(argc, argv, options); code != 0) return code < 0 ? 0 : code;
+
+  std::vector<TaskAction> script;
+  if (!options.keys.empty()) {
+    std::string text, error;
+    if (!ReadScript(options.keys, text)) return Fail("cannot read the key script " + options.keys);
+    if (!ParseTaskScript(text, script, error)) return Fail(options.keys + ": " + error);
+  }
+  // The lines own standard output; the engine's own prints (its catalog
+  // listing, its failure numbers), which reach no one on the device, go to
+  // /dev/null.
+  FILE* console = fdopen(dup(STDOUT_FILENO), "w");
+  if (console == nullptr || std::freopen("/dev/null", "w", stdout) == nullptr)
+    return Fail("cannot set up standard output");
+  FILE* transcriptFile = console;
+  if (!options.transcript.empty()) {
+    transcriptFile = std::fopen(options.transcript.c_str(), "w");
+    if (transcriptFile == nullptr) return Fail("cannot write the transcript " + options.transcript);
+  }
+  SetDeviceFolder(DeviceFolder::kCard, options.card.empty() ? DefaultCard() : options.card);
+  if (!options.home.empty()) SetDeviceFolder(DeviceFolder::kConfig, options.home);
+
+  // At the keyboard the terminal shows the lines; a transcript file, when
+  // one is asked for, gets them too.
+  const bool interactive = options.keys.empty();
+  TranscriptWriter transcript(transcriptFile);
+  TranscriptWriter terminal(console);
+  TranscriptPresenter transcriptLines(transcript);
+  TranscriptPresenter terminalLines(terminal);
+  const bool bothWriters = interactive && transcriptFile != console;
+  PresenterPair lines(terminalLines, transcriptLines);
+  Presenter& shown = bothWriters ? static_cast<Presenter&>(lines) : transcriptLines;
+  EspeakPresenter espeak;
+  PresenterPair withSpeech(shown, espeak);
+  const std::string speech = options.speech.empty() ? (interactive ? "espeak" : "none") : options.speech;
+  SetPresenter(speech == "espeak" ? static_cast<Presenter*>(&withSpeech) : &shown);
+
+  CTaskManagerWnd taskManager;
+  taskManager.AddTranscript(&transcript);
+  if (bothWriters) taskManager.AddTranscript(&terminal);
+
+  std::unique_ptr<TerminalKeys> keyboard;
+  size_t next = 0;
+  if (interactive) {
+    keyboard = std::make_unique<TerminalKeys>(STDIN_FILENO);
+    std::fputs("epwingdict: Ctrl-Q closes (saving the settings); --help lists the keys.\n", console);
+  }
+  SetMessageSource([&]() {
+    if (taskManager.AppEnded()) return false;
+    TaskAction action;
+    if (interactive) {
+      if (!keyboard->Next(action)) return false;
+    } else {
+      if (next >= script.size()) return false;
+      action = script[next++];
+    }
+    PerformTaskAction(taskManager, action);
+    return true;
+  });
+
+  int status = 0;
+  {
+    CReaderApp app(u"epwingdict");
+    if (!taskManager.StartApplication(app)) {
+      std::fputs("epwingdict: the reader could not start\n", stderr);
+      status = 1;
+    } else {
+      RunMessageLoop();
+    }
+  }
+  SetMessageSource(nullptr);
+  SetPresenter(nullptr);
+  keyboard.reset();
+  if (transcriptFile != console) std::fclose(transcriptFile);
+  std::fclose(console);
+  return status;
+}

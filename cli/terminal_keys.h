@@ -1,0 +1,62 @@
+// The keyboard of a terminal as the device's Braille keyboard: each key
+// press becomes one task manager action, a key code or typed text. The
+// terminal is put in a mode without line editing or echo for as long as a
+// TerminalKeys object lives (signals such as Ctrl-C keep working).
+//
+//   Up / Down, PageUp / PageDown   24 / 48, 8192 / 16384  previous / next
+//   Tab / Shift-Tab                112 / 28   next / previous control
+//   Enter                          256        activate, choose
+//   Esc                            88         back
+//   Ctrl-Q or F10                  218        exit
+//   Ctrl-O or F2                   58         menu
+//   Ctrl-E                         41         the edit control's menu
+//   Ctrl-W                         106        close the edit control's menu
+//   Ctrl-Y                         234        yes
+//   Ctrl-V or F5                   16         next value of an option
+//   Left / Right                   1024 / 2048  cursor one character
+//   Home / End                     512 / 32768  start / end of the line
+//   Backspace / Delete             64 / 4096  delete before / at the cursor
+//   Ctrl-D                         leave at once, nothing saved
+//   anything printable (UTF-8)     typed text, as Japanese text data
+#ifndef CLI_TERMINAL_KEYS_H_
+#define CLI_TERMINAL_KEYS_H_
+
+#include <string>
+
+#include <termios.h>
+
+#include "app/task_script.h"
+
+// The key map above, for --help.
+extern const char kTerminalKeyHelp[];
+
+class TerminalKeys {
+ public:
+  // Takes over the terminal on file descriptor `fd`.
+  explicit TerminalKeys(int fd);
+  TerminalKeys(const TerminalKeys&) = delete;
+  TerminalKeys& operator=(const TerminalKeys&) = delete;
+  // Gives the terminal back as it was.
+  ~TerminalKeys();
+
+  // Waits for the next key press; false at the end of input or Ctrl-D.
+  // Keys with no meaning here are skipped.
+  bool Next(TaskAction& action);
+
+ private:
+  // Reads what is available into pending_, waiting at most `timeoutMs`
+  // (-1: as long as it takes); false when nothing came.
+  bool Fill(int timeoutMs);
+  // The action at the start of pending_, removed from it: 1 found, 0 the
+  // bytes meant nothing and went, -1 the end of input was asked for.
+  int Take(TaskAction& action);
+  int TakeEscape(TaskAction& action);
+
+  int fd_;                  // the terminal
+  bool restore_ = false;    // saved_ holds the mode to put back
+  struct termios saved_{};  // the mode before
+  std::string pending_;     // bytes read and not yet made into actions
+  bool ended_ = false;      // no more input
+};
+
+#endif  // CLI_TERMINAL_KEYS_H_
