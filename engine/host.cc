@@ -5,11 +5,6 @@
 #include "engine/host.h"
 
 #include <sys/stat.h>
-// glibc spells these as macros over st_atim...; HostStat has fields of the
-// same names.
-#undef st_atime
-#undef st_mtime
-#undef st_ctime
 
 #include <cstdlib>
 #include <cstring>

@@ -3,7 +3,17 @@
 #ifndef ENGINE_HOST_H_
 #define ENGINE_HOST_H_
 
+#include <sys/stat.h>
+
 #include <cstdint>
+
+// glibc's <sys/stat.h> defines st_atime, st_mtime and st_ctime as macros
+// over its own fields, which would rename HostStat's fields wherever that
+// header came first. It is included above and the macros are dropped, so
+// HostStat keeps its names in every file (use st_mtim.tv_sec on a struct stat).
+#undef st_atime
+#undef st_mtime
+#undef st_ctime
 
 struct HostStat {
   uint32_t st_dev;    // always 0
