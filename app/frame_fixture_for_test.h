@@ -1,0 +1,68 @@
+// A reader started by the task manager stand-in on scratch card and home
+// folders, with recording controls and a transcript in memory, for the
+// frame's tests.
+#ifndef APP_FRAME_FIXTURE_FOR_TEST_H_
+#define APP_FRAME_FIXTURE_FOR_TEST_H_
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "app/reader_app.h"
+#include "app/recording_controls_for_test.h"
+#include "app/task_manager.h"
+#include "controls/recording_presenter.h"
+#include "platform/device_path.h"
+#include "testing/temp_tree.h"
+
+class FrameTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    card = fresh_directory("frame_test_card");
+    home = fresh_directory("frame_test_home");
+    SetDeviceFolder(DeviceFolder::kCard, card.string());
+    SetDeviceFolder(DeviceFolder::kConfig, home.string());
+    taskManager.AddTranscript(&transcript);
+    app.frame = std::make_unique<CMainFrame>();
+    UseRecordingControls(*app.frame, log);
+  }
+  void TearDown() override {
+    while (RunMessageLoop() != -1) {
+    }
+    app.frame.reset();
+    SetDeviceFolder(DeviceFolder::kCard, "");
+    SetDeviceFolder(DeviceFolder::kConfig, "");
+    std::fclose(stream);
+    std::free(buffer);
+  }
+  // Starts the reader and forgets the calls of its creation.
+  void Start() {
+    ASSERT_TRUE(taskManager.StartApplication(app));
+    log.clear();
+  }
+  // Hands over every queued message.
+  void Drain() {
+    while (DispatchOneMessage()) {
+    }
+  }
+  CMainFrame& frame() { return *app.frame; }
+  std::string Transcript() {
+    std::fflush(stream);
+    return std::string(buffer, size);
+  }
+
+  std::filesystem::path card, home;  // scratch "\SD" and program folder
+  CallLog log;                       // calls on the recording controls
+  ScopedRecordingPresenter presenter;
+  char* buffer = nullptr;            // the task manager's transcript
+  size_t size = 0;
+  FILE* stream = open_memstream(&buffer, &size);
+  TranscriptWriter transcript{stream};
+  CTaskManagerWnd taskManager;
+  CReaderApp app{u"epwingdict"};
+};
+
+#endif  // APP_FRAME_FIXTURE_FOR_TEST_H_

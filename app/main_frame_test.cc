@@ -1,0 +1,288 @@
+#include <cstring>
+#include <fstream>
+#include <iterator>
+
+#include "app/frame_fixture_for_test.h"
+#include "app/notify_beep.h"
+#include "controls/jpn_data.h"
+#include "testing/book_writer.h"
+
+namespace {
+
+// A window that keeps the messages it gets, and the bytes of WM_COPYDATA.
+class MessageCatcher : public CWnd {
+ public:
+  MessageCatcher() { CreateWindowObject(); }
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message == WM_CREATE) return 0;
+    messages.push_back(std::to_string(message) + ":" + std::to_string(wParam) + ":" +
+                       std::to_string(lParam));
+    if (message == WM_COPYDATA) {
+      auto* data = reinterpret_cast<tagCOPYDATASTRUCT*>(lParam);
+      dwData = data->dwData;
+      const auto* bytes = static_cast<const uint8_t*>(data->lpData);
+      copied.assign(bytes, bytes + data->cbData);
+    }
+    return 0;
+  }
+  std::vector<std::string> messages;  // "message:wParam:lParam"
+  uintptr_t dwData = 0;               // of the latest WM_COPYDATA
+  std::vector<uint8_t> copied;        // its bytes
+};
+
+std::string Message(UINT message, WPARAM wParam, LPARAM lParam) {
+  return std::to_string(message) + ":" + std::to_string(wParam) + ":" + std::to_string(lParam);
+}
+
+}  // namespace
+
+TEST_F(FrameTest, CreationRunsItsStepsInOrder) {
+  BookTree plus;
+  plus.add_book("辞典", "JITEN");
+  plus.write(card / "epwing" / "plus");
+  std::ofstream(home / "epwingdict.ini")
+      << "[OPTION_SETTING]\nGAIJI_VISIBLE=2\n[DICT_LIST]\nLIST_SIZE=1\nTITLE_0000=Mine\n"
+         "PATH_0000=\\SD\\other\nBOOKNUM_0000=3\n";
+  ASSERT_TRUE(taskManager.StartApplication(app));
+
+  CallLog expected = {"menu.OpenRes(EPWING_MENU.lng)", "prompt.OpenRes(\\windows\\vekwrdJpn.lng)",
+                      "menu.SetLocalWnd", "menu.SetTaskWnd", "edit.SetLocalWnd", "edit.SetTaskWnd"};
+  const char* buttons[] = {"searchButton", "openButton", "closeButton", "manageButton", "addButton",
+                           "deleteButton", "registerButton", "cancelButton", "applyButton"};
+  const char* labels[] = {"検索開始", "開く", "閉じる", "辞書の追加と削除", "追加",
+                          "削除", "登録", "キャンセル", "設定"};
+  for (const char* button : buttons) {
+    expected.push_back(std::string(button) + ".SetCtrlLocalWnd");
+    expected.push_back(std::string(button) + ".SetCtrlTaskWnd");
+  }
+  expected.insert(expected.end(), {"list.SetCtrlLocalWnd", "list.SetCtrlTaskWnd",
+                                   "prompt.SetLocalWnd", "prompt.SetTaskWnd"});
+  for (size_t i = 0; i < std::size(buttons); ++i) {
+    expected.push_back(std::string(buttons[i]) + ".SetMask(0)");
+    expected.push_back(std::string(buttons[i]) + ".SetLabel(" + labels[i] + ")");
+  }
+  expected.insert(expected.end(), {"list.ResetContent()", "list.SetMask(0)", "list.SetLabel(辞書選択:)",
+                                   "list.AddString(辞典)", "list.AddString(Mine)", "list.SetCurSel(0)",
+                                   "list.DisplayItem(1)"});
+  EXPECT_EQ(log, expected);
+
+  // Discovery comes before the registered dictionaries of the settings.
+  CMainFrame& f = frame();
+  EXPECT_EQ(f.builtinCount, 1);
+  ASSERT_EQ(f.DictionaryList.size(), 2u);
+  EXPECT_EQ(f.DictionaryList[1].path, CString(u"\\SD\\other"));
+  EXPECT_EQ(f.DictionaryList[1].bookNumber, 3);
+  EXPECT_EQ(f.gaijiVisible, 2);
+  EXPECT_EQ(f.gaijiReplace, 1);
+  EXPECT_EQ(f.rootPath, CString(u"\\SD\\epwing"));
+  EXPECT_EQ(f.routingMode, MODE_SCREEN);
+  EXPECT_EQ(f.taskWnd, taskManager.GetSafeHwnd());
+  EXPECT_EQ(taskManager.AppWindow(), f.GetSafeHwnd());
+  EXPECT_EQ(Transcript(), "STARTED\n");
+}
+
+TEST_F(FrameTest, CloseSavesThenTellsTheTaskManagerAndEndsTheLoop) {
+  Start();
+  frame().gaijiReplace = 0;
+  PostMessage(frame().GetSafeHwnd(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(RunMessageLoop(), 0);
+  EXPECT_TRUE(taskManager.AppEnded());
+  EXPECT_EQ(app.mainWnd, nullptr);
+  EXPECT_EQ(Transcript(), "STARTED\nENDED\n");
+  std::ifstream saved(home / "epwingdict.ini");
+  std::string text((std::istreambuf_iterator<char>(saved)), std::istreambuf_iterator<char>());
+  EXPECT_NE(text.find("GAIJI_REPLACE=0\n"), std::string::npos) << text;
+}
+
+TEST_F(FrameTest, BrailleKeysGoToModalThenPopupThenFrame) {
+  Start();
+  MessageCatcher modal, popup;
+  const HWND self = frame().GetSafeHwnd();
+  SendMessage(self, WM_VEK_SET_MODAL, reinterpret_cast<WPARAM>(&modal), 0);
+  SendMessage(self, WM_VEK_SET_POPUP, reinterpret_cast<WPARAM>(&popup), 0);
+  SendMessage(self, WM_VEK_KEY_IN, 48, 7);
+  SendMessage(self, WM_VEK_CURSOR_IN, 3, 8);
+  Drain();
+  EXPECT_EQ(modal.messages, (std::vector<std::string>{Message(WM_VEK_KEY_MODAL, 48, 7),
+                                                      Message(WM_VEK_CURSOR_MODAL, 3, 8)}));
+  EXPECT_TRUE(popup.messages.empty());
+  EXPECT_TRUE(log.empty()) << "the frame sees no key while a modal control runs";
+
+  // The popup takes Braille keys; cursor keys still reach the frame.
+  SendMessage(self, WM_VEK_CLEAR_MODAL, 0, 0);
+  SendMessage(self, WM_VEK_KEY_IN, 48, 0);
+  SendMessage(self, WM_VEK_CURSOR_IN, 3, 0);
+  Drain();
+  EXPECT_EQ(popup.messages, std::vector<std::string>{Message(WM_VEK_KEY_POPUP, 48, 0)});
+  EXPECT_EQ(log, CallLog{"list.OnCursorKeyProc(3)"});
+
+  log.clear();
+  modal.messages.clear();
+  SendMessage(self, WM_VEK_SET_MODAL, reinterpret_cast<WPARAM>(&modal), 0);
+  SendMessage(self, WM_VEK_CLEAR_POPUP, 0, 42);
+  SendMessage(self, WM_VEK_CLEAR_MODAL, 0, 0);
+  SendMessage(self, WM_VEK_KEY_IN, 48, 0);
+  Drain();
+  EXPECT_EQ(modal.messages, std::vector<std::string>{Message(WM_VEK_POPUP_CLEARED, 42, 0)});
+  EXPECT_EQ(log, CallLog{"list.OnBrailleKeyProc(48)"});
+}
+
+TEST_F(FrameTest, EditPopupHoldsEveryKeyUntilItEnds) {
+  Start();
+  CMainFrame& f = frame();
+  f.screen = SCREEN_SEARCH;
+  f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
+  f.HandleScreenKey(KEY_EDIT_POPUP, 0);
+  EXPECT_EQ(f.editPopup, 1);
+  f.HandleScreenKey(KEY_NEXT_CTRL, 0);  // no screen handler: the focus stays
+  f.HandleScreenKey(KEY_EXIT, 0);       // closes nothing: the edit control gets 106
+  EXPECT_EQ(f.editPopup, 0);
+  EXPECT_EQ(f.focus, FOCUS_EDIT_WORD);
+  EXPECT_EQ(log, (CallLog{"edit.OnBrailleKey(41)", "edit.OnBrailleKey(112)",
+                          "edit.OnBrailleKey(106)"}));
+
+  // Set on the read-only article as well; each ending key clears it.
+  f.screen = SCREEN_ARTICLE;
+  f.screenFocus[SCREEN_ARTICLE] = FOCUS_EDIT_ARTICLE;
+  for (uint32_t ending : {KEY_ENTER, KEY_YES, KEY_EDIT_CLOSE, KEY_BACK}) {
+    f.HandleScreenKey(KEY_EDIT_POPUP, 0);
+    f.HandleScreenKey(48, 0);
+    EXPECT_EQ(f.editPopup, 1);
+    f.HandleScreenKey(ending, 0);
+    EXPECT_EQ(f.editPopup, 0) << ending;
+  }
+}
+
+TEST_F(FrameTest, KeysNoScreenTakesReachTheFocusedControl) {
+  Start();
+  CMainFrame& f = frame();
+  f.HandleScreenKey(KEY_BACK, 0);  // no back key on the first screen
+  f.screen = SCREEN_DICTIONARIES;
+  f.screenFocus[SCREEN_DICTIONARIES] = FOCUS_BTN_ADD;
+  f.HandleScreenKey(KEY_MENU, 0);  // no menu on screens 3 to 5
+  f.OnCursorKeyMessage(5, 0);
+  EXPECT_EQ(log, (CallLog{"list.OnBrailleKeyProc(88)", "addButton.OnBrailleKeyProc(58)",
+                          "addButton.OnCursorKeyProc(5)"}));
+
+  // The menu and the prompt take every key while open; a close renders.
+  log.clear();
+  f.routingMode = MODE_MENU;
+  f.OnBrailleKeyMessage(48, 0);
+  f.OnCursorKeyMessage(2, 0);
+  f.OnBrailleKeyMessage(KEY_BACK, 0);
+  EXPECT_EQ(f.routingMode, MODE_SCREEN);
+  f.routingMode = MODE_PROMPT;
+  f.OnCursorKeyMessage(1, 0);
+  EXPECT_EQ(log, (CallLog{"menu.OnBrailleKey(48)", "menu.OnBrailleCursor(2)", "menu.OnBrailleKey(88)",
+                          "addButton.DisplayItem(1)", "prompt.OnBrailleCursor(1)"}));
+}
+
+TEST_F(FrameTest, AnnounceCallsAndMute) {
+  Start();
+  frame().Announce(u"検索開始", -1, -1, 0);
+  frame().Announce(u"済", -1, -1, 1);
+  EXPECT_EQ(log, (CallLog{"edit.SetAsciiOnly(0)", "edit.SetControl(4)", "edit.PlayBrl(0,,0)",
+                          "edit.PlayBrl(-1,検索開始,-1)", "edit.PlayTts(検索開始)",
+                          "edit.SetAsciiOnly(0)", "edit.SetControl(4)", "edit.PlayBrl(0,,0)",
+                          "edit.PlayBrl(-1,済,-1)", "edit.SetSync(1)", "edit.PlayTts()",
+                          "edit.PlayTts(済)", "edit.SetSync(0)"}));
+  log.clear();
+  SendMessage(frame().GetSafeHwnd(), WM_VEK_MUTE, 1, 0);
+  frame().Announce(u"x", -1, -1, 0);
+  frame().RenderFocus();  // muting silences announcements only
+  EXPECT_EQ(log.size(), 5u);
+  EXPECT_EQ(log.front(), "list.ResetContent()");
+  SendMessage(frame().GetSafeHwnd(), WM_VEK_MUTE, 0, 0);
+  EXPECT_EQ(frame().announceOn, 1);
+}
+
+TEST_F(FrameTest, SettingsAndReadingEventsReachTheirControls) {
+  Start();
+  const HWND self = frame().GetSafeHwnd();
+  SendMessage(self, WM_VEK_SETTING, 2, 3);
+  SendMessage(self, WM_VEK_SETTING, 24, 4);
+  SendMessage(self, WM_VEK_SETTING, 35, 5);
+  SendMessage(self, WM_VEK_SETTING, 36, 6);
+  SendMessage(self, WM_VEK_SETTING, 99, 7);
+  SendMessage(self, WM_VEK_READ_ALL, 0, 0);
+  SendMessage(self, WM_VEK_READ_ALL, 1, 0);
+  SendMessage(self, WM_VEK_READ_STOP, 12, 0);
+  EXPECT_EQ(log, (CallLog{"edit.SetReadingGrade(3)", "menu.SetReadingGrade(3)",
+                          "prompt.SetReadingGrade(3)", "edit.SetAdvanceVoice(4)",
+                          "edit.SetJpnLangMode(5)", "edit.SetJpnKeyMode(6)", "edit.OnReadAll()",
+                          "edit.OnReadAllEnd(1)", "edit.PositionAtReadStop(12)"}));
+
+  // Missing controls are skipped: before creation, or one of them gone.
+  CMainFrame bare;
+  bare.WindowProc(WM_VEK_SETTING, 2, 1);
+  bare.WindowProc(WM_VEK_SETTING, 35, 1);
+  bare.WindowProc(WM_VEK_READ_ALL, 0, 0);
+  bare.OnBrailleKeyMessage(48, 0);
+  CallLog partial;
+  bare.promptCtrl = std::make_unique<RecordingPrompt>(partial);
+  bare.WindowProc(WM_VEK_SETTING, 2, 9);
+  EXPECT_EQ(partial, CallLog{"prompt.SetReadingGrade(9)"});
+}
+
+TEST_F(FrameTest, TypedTextGoesToTheEditOrTheChooser) {
+  Start();
+  taskManager.DeliverText(u"辞書");
+  std::vector<uint32_t> other = MakeJpnData(u"x");
+  other[3] = 2;  // not Japanese text data
+  tagCOPYDATASTRUCT data{JPNDATA_COPYDATA_ID, static_cast<uint32_t>(other.size() * 4), other.data()};
+  SendMessage(frame().GetSafeHwnd(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+  MessageCatcher chooser;
+  frame().modalTarget = &chooser;
+  taskManager.DeliverText(u"選");
+  EXPECT_EQ(log, CallLog{"edit.OnReadJPNEditTXT(辞書)"});
+}
+
+TEST_F(FrameTest, BeepRecordGoesToTheTaskManager) {
+  MessageCatcher taskWindow;
+  CString commandLine;
+  commandLine.Format(u"0 %u", static_cast<unsigned>(taskWindow.GetSafeHwnd()));
+  ASSERT_TRUE(app.Start(commandLine));
+  taskWindow.messages.clear();
+  frame().NotifyBeep(32);
+  ASSERT_EQ(taskWindow.messages.size(), 1u);
+  EXPECT_EQ(taskWindow.messages[0].rfind(std::to_string(WM_COPYDATA) + ":" +
+                                             std::to_string(frame().GetSafeHwnd()) + ":", 0),
+            0u);
+  EXPECT_EQ(taskWindow.dwData, 4u);
+  std::vector<uint8_t> expected(16392, 0);
+  const char* text = "NullMessageBeepHHCHHC";
+  for (size_t i = 0; i < std::strlen(text); ++i) expected[2 * i] = static_cast<uint8_t>(text[i]);
+  expected[16388] = 32;
+  EXPECT_EQ(taskWindow.copied, expected);
+
+  // A task manager of its own name beeps to its own window.
+  app.appName = u"VekTask";
+  taskWindow.messages.clear();
+  frame().NotifyBeep(32);
+  EXPECT_TRUE(taskWindow.messages.empty());
+}
+
+TEST_F(FrameTest, TaskManagerWritesTheBeep) {
+  Start();
+  frame().NotifyBeep(32);
+  EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\n");
+}
+
+TEST(ReaderAppTest, CommandLine) {
+  CReaderApp app;
+  app.ParseCommandLine(u"3 1234");
+  EXPECT_EQ(app.startCode, 3);
+  EXPECT_EQ(app.taskWnd, 1234u);
+  app.ParseCommandLine(u"-1 1234");
+  EXPECT_EQ(app.startCode, -1);
+  EXPECT_EQ(app.taskWnd, 0u);
+  app.ParseCommandLine(u"77");  // no blank: the whole line is the handle
+  EXPECT_EQ(app.startCode, 0);
+  EXPECT_EQ(app.taskWnd, 77u);
+  app.ParseCommandLine(u"");
+  EXPECT_EQ(app.startCode, 0);
+  EXPECT_EQ(app.taskWnd, 0u);
+  app.ParseCommandLine(u"5 x");
+  EXPECT_EQ(app.startCode, 5);
+  EXPECT_EQ(app.taskWnd, 0u);
+}
