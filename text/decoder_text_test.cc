@@ -79,6 +79,19 @@ TEST_F(DecoderText, WordDumpAndRawCut) {
   EXPECT_EQ(engine.cut_length, -1);
   engine.flags = DF_DUMP;
   EXPECT_EQ(decode_body(body).out, "");
+
+  // A copy the output refuses is reported, by the number of its last block.
+  engine.flags = 0;
+  FILE* read_only = fopen("/dev/null", "r");
+  EngineRun refused = with_body_file(body, [read_only] {
+    FILE* output = engine.output;
+    engine.output = read_only;
+    engine.cut_length = 4;
+    cdtext(0);
+    engine.output = output;
+  });
+  fclose(read_only);
+  EXPECT_EQ(refused.out, "error 15.\n");
 }
 
 }  // namespace

@@ -21,7 +21,8 @@
 //   1F32    0 or 2: X, Y                next figure (operands when the next
 //                                       word is 0x2120 or below)
 //   1F41    1: value                    font set; may end a record
-//   1F42    0 or 2: X, Y                commentary (as 1F32)
+//   1F42    0 or 2: X, Y                commentary (as 1F32; X alone in
+//                                       English books)
 //   1F43    -                           opens a reference
 //   1F44    1 + 2 + 2 (+ 2): A, X, Y    figure; X, Y (and Z in encyclopedia
 //           (, Z)                       books) are 8 BCD digits in 2 words
@@ -35,10 +36,12 @@
 //   1F4E/4F -                           opens a reference
 //   1F51/52/62/63/64/69-6C/6E/6F
 //           3: BCD position             closes a reference: where it leads
-//   1F55/57/58, 1F61, 1F65, 1F68/6D     - closes 1F45 / 1F48 and others
+//   1F55/57/58, 1F61  -                 closing marks without a form
+//   1F65    -                           closes 1F45
+//   1F68/6D -                           closes 1F48
 //   1FE0    0 or 1: value below 0x2000  attribute (none in encyclopedia
 //                                       books unless verbose)
-//   1FE1/E3/E5                          - closes a font or attribute
+//   1FE1/E3/E5  -                       closes a font or attribute
 //   1FE2    0 or 1: value below 0x2121  font
 //   1FE4    1: value                    font
 //
