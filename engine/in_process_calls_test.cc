@@ -1,0 +1,74 @@
+// The application's calls: what they give back when there is nothing to
+// read or the paths do not fit, and where engine_output's text goes.
+// (The capture's size rules are tested with the catalogs.)
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+
+#include "engine/engine.h"
+#include "engine/engine_state.h"
+#include "testing/engine_runner.h"
+#include "testing/temp_tree.h"
+
+namespace {
+
+std::string read_file(const std::filesystem::path& path) {
+  std::stringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+class InProcessCalls : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    for (const char* name : {"CDDRIVE", "CDFILE", "CDDEBUG", "CDFILES"}) unsetenv(name);
+  }
+};
+
+TEST_F(InProcessCalls, CatalogGivesOneWithoutTitles) {
+  const std::string empty = fresh_directory("no_catalog").string();
+  char buffer[16];
+  memset(buffer, 'x', sizeof buffer);
+  int32_t result = 0;
+  capture_engine([&] { result = engine_catalog(empty.c_str(), buffer, sizeof buffer); });
+  EXPECT_EQ(result, 1);
+  EXPECT_EQ(std::string(buffer, sizeof buffer), std::string(sizeof buffer, '\0'));
+  EXPECT_EQ(engine.capture.buffer, nullptr);
+
+  // A drive that doesn't fit "-D%s" in 512 bytes runs nothing.
+  const std::string too_long(kPathSize - 2, 'd');
+  memset(buffer, 'x', sizeof buffer);
+  EngineRun run = capture_engine([&] { result = engine_catalog(too_long.c_str(), buffer, sizeof buffer); });
+  EXPECT_EQ(result, 1);
+  EXPECT_EQ(buffer[0], '\0');
+  EXPECT_EQ(run.out, "-D" + too_long + ":オプション指定が間違っています\n");
+  EXPECT_EQ(capture_engine([&] { EXPECT_EQ(engine_has_forward_index(empty.c_str(), 1234567), 0); }).out,
+            "-B1234567:オプション指定が間違っています\n");
+}
+
+TEST_F(InProcessCalls, OutputAppendsToTheFileAndClosesIt) {
+  const std::filesystem::path dir = fresh_directory("engine_output");
+  const std::string file = (dir / "work.dat").string();
+  std::ofstream(file) << "old\n";
+  EngineRun run = capture_engine([&] { engine_output(dir.c_str(), 0, file.c_str(), "-A"); });
+  const std::string written = read_file(file);
+  EXPECT_EQ(written.rfind("old\n-D/CDDRIVE = " + dir.string() + "/\n-B/CDBOOK  = 0\n", 0), 0u);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(engine.output, engine.std_out) << "the file is closed when the call returns";
+
+  // "--" reads standard input, which is at its end: one prompt.
+  run = capture_engine([&] { engine_output(dir.c_str(), 0, file.c_str(), "--"); });
+  EXPECT_EQ(run.out, "\nTOMEVIEW> ");
+  EXPECT_EQ(read_file(file), written);
+
+  // When "-o" fails, the text of the run comes to standard output.
+  engine.host_errno = 0;
+  run = capture_engine([&] { engine_output(dir.c_str(), 0, "/no/such/dir/work.dat", "-A"); });
+  EXPECT_EQ(run.err, "/no/such/dir/work.dat: No error\n");
+  EXPECT_EQ(run.out.rfind("-D/CDDRIVE = ", 0), 0u);
+}
+
+}  // namespace
