@@ -10,6 +10,7 @@
 #include "engine/number.h"
 #include "engine/run.h"
 #include "search/index_search.h"
+#include "search/inspection.h"
 #include "text/decoder.h"
 #include "text/gaiji.h"
 
@@ -153,10 +154,11 @@ void run_option(char* argument) {
     case 'U':
       show_page(find_index(2));
       break;
-    // Rows of Parts still being written: each does nothing until its Part
-    // lands and moves it to a case of its own.
-    case 'Q':  // cdindexdump(value, or 0x91 when empty)
-    case 'T':  // cdtextscan(value, or 0 when empty)
+    case 'Q':
+      cdindexdump(has_value ? parse_number(value) : 0x91);
+      break;
+    case 'T':
+      cdtextscan(has_value ? parse_number(value) : 0);
       break;
     default:
       print_bad_option(argument, "");

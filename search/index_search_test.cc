@@ -217,4 +217,21 @@ TEST(IndexSearch, DamagedPagesStopTheWalk) {
             "\nStop at F0 index, page " + std::to_string(bad_page) + "\n上のメッセージと共に\nerror 23.\n");
 }
 
+TEST(IndexSearch, IndexDumpAndTextScan) {
+  SearchBook book("search_dump", {u8"はな"});
+  const int32_t root = book.next_page();
+  book.add_index(0x91, {book.entry(0, u8"はな", 0)}, {LeafLayout::kPlain, 4, 2, 0});
+  const std::string key = "はな";  // Shift-JIS, as cdshowkey writes it
+  EngineRun dump = book.run({"-Q", "-A"});
+  const std::string pages = "Page " + std::to_string(root) + ", i=00, length=4, num=1\n" + key + " " +
+                            std::to_string(root + 1) + "\nPage " + std::to_string(root + 1) +
+                            ", i=80, num=1\n" + key + "-> 2048,-> 4096\n";
+  EXPECT_EQ(dump.out.substr(0, pages.size()), pages);
+  EXPECT_NE(dump.out.find("Index Pages=-1\n"), std::string::npos);
+
+  // The body holds 0x1F0A and 0x1F03 only, both known: nothing is asked.
+  EngineRun scan = book.run({"-T"});
+  EXPECT_EQ(scan.out, "ID=00, from 2(1 pages), flag=0\n1F03: 0 (2054)\n1F0A: 0 (2052)\n");
+}
+
 }  // namespace
