@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "engine/catalog.h"
+#include "tools/index_keys.h"
 
 namespace {
 
@@ -75,7 +76,7 @@ bool parse_line(const std::string& line, EntryContent& entry) {
   const std::string words = line.substr(0, slash);
   const size_t open = words.find(" [");
   entry.head = body_safe(euc_to_sjis(words.substr(0, open)));
-  if (entry.head.empty()) return false;
+  if (key_class(entry.head) == KeyClass::kNone) return false;
   if (open != std::string::npos) {
     const size_t close = words.find(']', open);
     const std::string readings = euc_to_sjis(words.substr(open + 2, close - open - 2));
@@ -85,6 +86,7 @@ bool parse_line(const std::string& line, EntryContent& entry) {
       if (semicolon == std::string::npos) semicolon = readings.size();
       std::string reading = readings.substr(from, semicolon - from);
       reading.erase(std::min(reading.size(), reading.find('(')));
+      // Readings with marks other than kana and ー (・, ＝) are shown, not keys.
       if (!reading.empty()) entry.kana.push_back(body_safe(reading));
     }
   }
@@ -95,13 +97,15 @@ bool parse_line(const std::string& line, EntryContent& entry) {
     const std::string gloss = line.substr(from, end - from);
     if (gloss.empty() || gloss == "(P)" || gloss.rfind("EntL", 0) == 0) continue;
     const std::string key = gloss_key(gloss);
-    if (!key.empty()) entry.alpha.push_back(key);
+    if (!key.empty() && key_class(key) == KeyClass::kAlphabet) entry.alpha.push_back(key);
     entry.body.text(body_safe(euc_to_sjis(gloss)));
     entry.body.word(0x1F0A);
   }
   const bool kana_head = !entry.kana.empty() && entry.kana.front() != entry.head;
+  const std::string shown_reading = kana_head ? entry.kana.front() : "";
+  std::erase_if(entry.kana, [](const std::string& kana) { return key_class(kana) != KeyClass::kKana; });
   if (kana_head) {
-    entry.head_line.text(entry.kana.front());
+    entry.head_line.text(shown_reading);
     entry.head_line.word(0x215A);  // 【
   }
   entry.head_line.text(entry.head);
