@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all run test build deps clean
+.PHONY: all run test bench build deps clean
 
 all: build
 
@@ -20,6 +20,10 @@ run: build
 
 test: build
 	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
+
+# Lookup speed, memory and book build time over the EDICT book (bench/run.sh).
+bench: build
+	bash bench/run.sh $(BUILD)
 
 clean:
 	rm -rf $(BUILD)

@@ -1,0 +1,55 @@
+// lookup_bench BOOK WORDS WORKFILE [COUNT]: lookups the way the application
+// makes them: engine_output of a word of WORDS (Shift-JIS, one a line, taken
+// in turn) into WORKFILE, which is deleted before and read back after each
+// run. Prints "name value unit" lines: lookups per second, median and 99th
+// percentile latency.
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "engine/engine.h"
+
+int main(int argc, char** argv) {
+  if (argc < 4) {
+    fputs("usage: lookup_bench BOOK WORDS WORKFILE [COUNT]\n", stderr);
+    return 2;
+  }
+  const int count = argc > 4 ? atoi(argv[4]) : 10000;
+  std::vector<std::string> words;
+  std::ifstream list(argv[2], std::ios::binary);
+  for (std::string word; std::getline(list, word);) {
+    if (!word.empty()) words.push_back(word);
+  }
+  if (words.empty() || count < 1) {
+    fputs("lookup_bench: no words\n", stderr);
+    return 2;
+  }
+  // The engine writes its failures to standard output: keep them out of the figures.
+  if (freopen("/dev/null", "w", stdout) == nullptr) return 1;
+
+  std::vector<double> micros;
+  size_t bytes = 0;
+  std::vector<char> buffer(1 << 16);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < count; ++i) {
+    const auto before = std::chrono::steady_clock::now();
+    remove(argv[3]);
+    engine_output(argv[1], 0, argv[3], words[static_cast<size_t>(i) % words.size()].c_str());
+    if (FILE* work = fopen(argv[3], "r")) {
+      for (size_t got; (got = fread(buffer.data(), 1, buffer.size(), work)) > 0;) bytes += got;
+      fclose(work);
+    }
+    micros.push_back(std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - before).count());
+  }
+  const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  std::sort(micros.begin(), micros.end());
+  fprintf(stderr, "inprocess_lookups_per_s %.0f lookups/s\n", count / seconds);
+  fprintf(stderr, "inprocess_median_latency %.1f us\n", micros[micros.size() / 2]);
+  fprintf(stderr, "inprocess_p99_latency %.1f us\n", micros[micros.size() * 99 / 100]);
+  fprintf(stderr, "inprocess_bytes_read %zu bytes\n", bytes);
+  return 0;
+}

@@ -1,0 +1,87 @@
+#!/bin/bash
+# `make bench`: lookup speed of the EDICT book against look(1) and grep -F,
+# in-process lookups as the application makes them, peak memory of one
+# lookup, and the time mkbook takes to build the book. Prints a table, then
+# one "name value unit" line per figure.
+set -e
+build=${1:-build}
+bin=$build/bin
+here=$(dirname "$0")
+edict=/usr/share/edict/edict
+work=$build/bench
+repeats=5
+
+if [ ! -f "$edict" ]; then
+  echo "== installing the edict package"
+  apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq edict >/dev/null
+fi
+mkdir -p "$work"
+
+median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
+now_us() { local t=${EPOCHREALTIME/./}; echo "$t"; }
+
+# 4. The EDICT book.
+entries=$(LC_ALL=C grep -c ' /' "$edict")
+entries=$((entries - 1))  # the header line
+start=$(now_us)
+"$bin/mkbook" -o "$work/edict" --from-edict "$edict"
+build_us=$(( $(now_us) - start ))
+book=$work/edict
+
+# The same data for look(1): one line a key (head word, reading, English
+# gloss), sorted byte by byte.
+iconv -f EUC-JP -t UTF-8 "$edict" | awk -F' /' 'NR > 1 {
+    head = $1; reading = ""
+    if (match(head, / \[.*\]$/)) { reading = substr(head, RSTART + 2, RLENGTH - 3); head = substr(head, 1, RSTART - 1) }
+    print head "\t" $0
+    if (reading != "") print reading "\t" $0
+    n = split(substr($0, length($1) + 3), glosses, "/")
+    for (i = 1; i <= n; i++) {
+      g = glosses[i]; gsub(/\([^)]*\) */, "", g); sub(/^to /, "", g)
+      if (g != "") print tolower(g) "\t" $0
+    }
+  }' | LC_ALL=C sort > "$work/keys"
+iconv -f UTF-8 -t CP932 "$here/words.txt" > "$work/words.sjis"
+
+# 1. Whole-process lookups, side by side, word by word.
+: > "$work/tomeview.us"; : > "$work/look.us"; : > "$work/grep.us"
+while IFS= read -r word; do
+  sjis=$(printf '%s' "$word" | iconv -f UTF-8 -t CP932)
+  euc=$(printf '%s' "$word" | iconv -f UTF-8 -t EUC-JP)
+  lower=$(printf '%s' "$word" | tr 'A-Z' 'a-z')
+  for _ in $(seq $repeats); do
+    t=$(now_us); "$bin/tomeview" "-D$book" "$sjis" >/dev/null; echo $(( $(now_us) - t )) >> "$work/tomeview.us"
+    t=$(now_us); LC_ALL=C look "$lower" "$work/keys" >/dev/null || true; echo $(( $(now_us) - t )) >> "$work/look.us"
+    t=$(now_us); LC_ALL=C grep -F "$euc" "$edict" >/dev/null || true; echo $(( $(now_us) - t )) >> "$work/grep.us"
+  done
+done < "$here/words.txt"
+tomeview_us=$(median < "$work/tomeview.us")
+look_us=$(median < "$work/look.us")
+grep_us=$(median < "$work/grep.us")
+
+# 2. In-process lookups through engine_output and the work file.
+"$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" 10000 2> "$work/inprocess.txt"
+
+# 3. Peak resident memory of one lookup.
+rss_kib=$( { /usr/bin/time -f '%M' "$bin/tomeview" "-D$book" "$(printf 'はな' | iconv -f UTF-8 -t CP932)" >/dev/null; } 2>&1 | tail -1)
+
+figures=$(
+  awk -v t="$tomeview_us" -v l="$look_us" -v g="$grep_us" -v r="$rss_kib" \
+      -v b="$build_us" -v e="$entries" -v w="$(wc -l < "$here/words.txt")" 'BEGIN {
+    printf "lookup_words %d words\n", w
+    printf "lookup_median_tomeview %.2f ms\n", t / 1000
+    printf "lookup_median_look %.2f ms\n", l / 1000
+    printf "lookup_median_grep %.2f ms\n", g / 1000
+    printf "lookup_ratio_tomeview_look %.2f ratio\n", t / l
+    printf "peak_rss_tomeview %.2f MiB\n", r / 1024
+    printf "edict_build_time %.2f s\n", b / 1e6
+    printf "edict_build_entries_per_s %.0f entries/s\n", e / (b / 1e6)
+  }'
+  grep -v bytes_read "$work/inprocess.txt"
+)
+echo
+printf '%-32s %14s  %s\n' figure value unit
+printf '%-32s %14s  %s\n' ------ ----- ----
+echo "$figures" | while read -r name value unit; do printf '%-32s %14s  %s\n' "$name" "$value" "$unit"; done
+echo
+echo "$figures"
