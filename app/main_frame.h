@@ -71,6 +71,17 @@ class CMainFrame : public CVekFrameWnd {
   int RegisterScreenKey(uint32_t key, long lParam);
   int SettingsScreenKey(uint32_t key, long lParam);
 
+  // The ways into the management and settings screens, for the button and
+  // the menu of the lookup screens: each sets the screen up and renders.
+  // OpenDictionaryScreen lands on the dictionary list (app/dictionary_screen.cc);
+  // OpenSettingsScreen remembers the screen it came from and loads the
+  // working copies of the options (app/settings_screen.cc).
+  void OpenDictionaryScreen();
+  void OpenSettingsScreen();
+  // Runs the folder chooser from rootPath; the folder chosen, which also
+  // becomes rootPath, or the empty string (app/register_screen.cc).
+  CString ChooseFolder();
+
   // The renderer (app/renderer.cc). Both do nothing outside MODE_SCREEN.
   void SaveFocusState();
   void RenderFocus();
@@ -148,6 +159,18 @@ class CMainFrame : public CVekFrameWnd {
                       int32_t focusId);
   void ShowField(CString label, CString text, int multiLine, int control, bool readOnly);
   bool ControlsExist() const;
+
+  // Steps of the management screens (app/dictionary_screen.cc,
+  // app/register_screen.cc); each ends the handling of its key.
+  void LeaveDictionaryScreen();
+  void AddDictionary();
+  void AskToDeleteDictionary();
+  void RegisterBook();
+  void CancelRegistering();
+  // Steps of the settings screen (app/settings_screen.cc).
+  void StepOptionValue();
+  void ApplySettings();
+  void LeaveSettingsScreen();
 };
 
 #endif  // APP_MAIN_FRAME_H_
