@@ -91,7 +91,7 @@ void cdtextscan(int32_t identifier) {
     int word = cdgetword();
     --budget;
     if (word >= 0x2000) continue;
-    if (feof(engine.current_file)) {
+    if (engine.current_file == nullptr || feof(engine.current_file)) {
       int32_t left = end - at;
       fprintf(engine.std_err, "End of file, %ld(%ld page)left.\n", static_cast<long>(left),
               static_cast<long>(left / kPageSize));
