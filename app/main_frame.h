@@ -71,6 +71,14 @@ class CMainFrame : public CVekFrameWnd {
   int RegisterScreenKey(uint32_t key, long lParam);
   int SettingsScreenKey(uint32_t key, long lParam);
 
+  // The menu of the lookup screens: built for the current screen and
+  // opened; its keys come to HandleMenuKey (app/main_menu.cc).
+  void OpenMainMenu();
+  // Looks `word` up in book `bookNumber` of folder `path` into ArticleList,
+  // CandidateList and GaijiTable: 0, or -1 when the folder holds no book
+  // any more (app/lookup_run.cc).
+  int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word);
+
   // The ways into the management and settings screens, for the button and
   // the menu of the lookup screens: each sets the screen up and renders.
   // OpenDictionaryScreen lands on the dictionary list (app/dictionary_screen.cc);
@@ -160,6 +168,17 @@ class CMainFrame : public CVekFrameWnd {
   void ShowField(CString label, CString text, int multiLine, int control, bool readOnly);
   bool ControlsExist() const;
 
+  // Steps of the lookup screens (app/search_screen.cc, app/result_screen.cc,
+  // app/article_screen.cc, app/lookup_run.cc); each ends the handling of
+  // its key. RunLookup announces, looks `word` up in the dictionary
+  // selected on the search screen (a beep when there is none) and goes to
+  // the results, or says that the dictionary has gone.
+  void LookupTypedWord();
+  void LookupCandidate();
+  void RunLookup(const CString& word);
+  void OpenArticle();
+  void LeaveResultScreen();
+  void LeaveArticleScreen();
   // Steps of the management screens (app/dictionary_screen.cc,
   // app/register_screen.cc); each ends the handling of its key.
   void LeaveDictionaryScreen();

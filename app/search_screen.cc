@@ -1,43 +1,59 @@
-// SCREEN_SEARCH: the dictionary list, the word field and three buttons in
-// a ring. This first form moves round the ring and closes the application;
-// the other keys (the lookup, the menu, the management screen) pass to the
-// focused control until they are dealt with here.
-#include <iterator>
-
+// SCREEN_SEARCH: the dictionary list, the word field and the buttons
+// "検索開始", "辞書の追加と削除" and "閉じる" in a ring. KEY_ENTER on the
+// field or on "検索開始" looks the word up; KEY_BACK is no key of this
+// screen and goes to the focused control.
+#include "app/focus_ring.h"
 #include "app/main_frame.h"
 
 namespace {
 
-// The ring of KEY_NEXT_CTRL; KEY_PREV_CTRL goes round it backwards.
 constexpr int32_t kSearchRing[] = {FOCUS_DICT_LIST, FOCUS_EDIT_WORD, FOCUS_BTN_SEARCH,
                                    FOCUS_BTN_MANAGE, FOCUS_BTN_CLOSE};
 
-int32_t RingNeighbour(int32_t id, int step) {
-  constexpr int size = static_cast<int>(std::size(kSearchRing));
-  int at = 0;
-  while (at < size && kSearchRing[at] != id) ++at;
-  if (at == size) return kSearchRing[0];
-  return kSearchRing[(at + step + size) % size];
-}
-
 }  // namespace
 
-void CMainFrame::MoveFocus(int32_t id) {
+// The field's text becomes searchWord first. A word of blanks is a word:
+// only an empty one is refused here (RunLookup refuses a missing
+// dictionary).
+void CMainFrame::LookupTypedWord() {
   SaveFocusState();
-  focus = id;
-  screenFocus[screen] = id;
-  RenderFocus();
+  if (searchWord.IsEmpty()) {
+    NotifyBeep(BEEP_CODE);
+    return;
+  }
+  RunLookup(searchWord);
 }
 
 int CMainFrame::SearchScreenKey(uint32_t key, long) {
-  if (key == KEY_EXIT || (key == KEY_ENTER && focus == FOCUS_BTN_CLOSE)) {
+  if (key == KEY_EXIT) {
     PostMessage(GetSafeHwnd(), WM_CLOSE, 0, 0);
     return 1;
   }
-  if (key == KEY_NEXT_CTRL || key == KEY_PREV_CTRL) {
-    MoveFocus(RingNeighbour(focus, key == KEY_NEXT_CTRL ? 1 : -1));
+  if (key == KEY_MENU) {
+    SaveFocusState();
+    OpenMainMenu();
     return 1;
   }
-  if (key == KEY_ENTER && focus == FOCUS_DICT_LIST) return 1;
-  return 0;
+  if (const int step = RingStep(key)) {
+    MoveFocus(RingNeighbour(kSearchRing, focus, step));
+    return 1;
+  }
+  if (key != KEY_ENTER) return 0;
+  switch (focus) {
+    case FOCUS_DICT_LIST:
+      return 1;  // not passed on: the list has nothing to do with it
+    case FOCUS_EDIT_WORD:
+    case FOCUS_BTN_SEARCH:
+      LookupTypedWord();
+      return 1;
+    case FOCUS_BTN_MANAGE:
+      SaveFocusState();
+      OpenDictionaryScreen();
+      return 1;
+    case FOCUS_BTN_CLOSE:
+      PostMessage(GetSafeHwnd(), WM_CLOSE, 0, 0);
+      return 1;
+    default:
+      return 0;
+  }
 }

@@ -1,0 +1,25 @@
+#include "app/focus_ring.h"
+
+#include "app/main_frame.h"
+
+int RingStep(uint32_t key) {
+  if (key == KEY_NEXT_CTRL) return 1;
+  if (key == KEY_PREV_CTRL) return -1;
+  return 0;
+}
+
+int32_t RingNeighbour(std::span<const int32_t> ring, int32_t id, int step) {
+  const int size = static_cast<int>(ring.size());
+  if (size == 0) return id;
+  int at = 0;
+  while (at < size && ring[at] != id) ++at;
+  if (at == size) return ring[0];
+  return ring[((at + step) % size + size) % size];
+}
+
+void CMainFrame::MoveFocus(int32_t id) {
+  SaveFocusState();
+  focus = id;
+  screenFocus[screen] = id;
+  RenderFocus();
+}

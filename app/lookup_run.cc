@@ -1,0 +1,32 @@
+// The run of a lookup, shared by the search screen (the typed word) and
+// the results screen (a candidate's key). It runs on the thread of the
+// message loop: keys pressed meanwhile wait in the queue and meet the
+// screen that the lookup left.
+#include "app/main_frame.h"
+#include "results/lookup.h"
+
+int32_t CMainFrame::LookupWord(const CString& path, int32_t bookNumber, const CString& word) {
+  return ::LookupWord(path, bookNumber, word, ArticleList, CandidateList, GaijiTable);
+}
+
+void CMainFrame::RunLookup(const CString& word) {
+  const int32_t dictionary = listState[FOCUS_DICT_LIST].selection;
+  if (dictionary < 0 || dictionary >= static_cast<int32_t>(DictionaryList.size())) {
+    NotifyBeep(BEEP_CODE);
+    return;
+  }
+  // Said without waiting: the user hears it while the engine runs.
+  Announce(u"検索開始", -1, -1, 0);
+  const DictionaryEntry& entry = DictionaryList[dictionary];
+  if (LookupWord(entry.path, entry.bookNumber, word) == 0) {
+    focus = FOCUS_RESULT_LIST;
+    screenFocus[SCREEN_RESULTS] = FOCUS_RESULT_LIST;
+    listState[FOCUS_RESULT_LIST].selection = 0;
+    listState[FOCUS_CANDIDATE_LIST].selection = 0;
+    screen = SCREEN_RESULTS;
+  } else {
+    // The lists are empty by now; screen and focus stay.
+    Announce(u"辞書が見つかりませんでした", -1, -1, 1);
+  }
+  RenderFocus();
+}
