@@ -1,7 +1,11 @@
 // Malformed sources and the errors they give.
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+
+#include <cstdlib>
 #include <fstream>
+#include <iterator>
 
 #include "testing/jis_text.h"
 #include "testing/temp_tree.h"
@@ -52,6 +56,26 @@ TEST(MkbookErrors, EachFaultIsToldWithItsLine) {
   EXPECT_EQ(error_of(u8"@book B 本\n@book b 本\n"), ":2: a second book in directory b");
   EXPECT_EQ(error_of(u8"@book B 本\n"), ":1: a book without entries");
   EXPECT_EQ(error_of(u8"@book B 本\n@frobnicate\n"), ":2: unknown directive @frobnicate");
+}
+
+TEST(MkbookErrors, TheCommandExitsNonZeroAndWritesNothing) {
+  const char* bin = std::getenv("TOMEVIEW_BIN");
+  if (bin == nullptr) GTEST_SKIP() << "TOMEVIEW_BIN is not set";
+  const fs::path folder = fresh_directory("command");
+  std::ofstream(folder / "bad.txt") << "@book B x\n@entry y\n{see:z}\n";
+  const std::string mkbook = (fs::path(bin) / "mkbook").string();
+  const auto run = [&](const std::string& args) {
+    const int status = std::system((mkbook + " " + args + " 2>" + (folder / "err").string()).c_str());
+    std::ifstream err(folder / "err");
+    return std::pair{WEXITSTATUS(status), std::string(std::istreambuf_iterator<char>(err), {})};
+  };
+  const auto [bad, message] = run("-o " + (folder / "out").string() + " " + (folder / "bad.txt").string());
+  EXPECT_EQ(bad, 1);
+  EXPECT_EQ(message, "mkbook: " + (folder / "bad.txt").string() + ":3: link to a head word that no entry has\n");
+  EXPECT_FALSE(fs::exists(folder / "out"));
+  EXPECT_EQ(run("--frobnicate").first, 2);
+  EXPECT_EQ(run((folder / "bad.txt").string()).first, 2) << "no -o";
+  EXPECT_EQ(run("--help").first, 0);
 }
 
 TEST(MkbookErrors, AFolderThatIsNoBookTreeIsNotReplaced) {

@@ -143,4 +143,21 @@ TEST(MkbookRoundTrip, ElectronicBookLayoutAndManyPages) {
   }
 }
 
+TEST(MkbookRoundTrip, LongKeysMakeATreeOfSeveralBranchLevels) {
+  // Keys of 240 bytes: eight to a leaf and eight to a branch page, so 100
+  // entries stand three levels deep.
+  std::u8string source = u8"@book LONG 長い見出し\n";
+  const auto key = [](int i) { return std::string(117, 'k') + std::to_string(100 + i); };
+  for (int i = 0; i < 100; ++i) {
+    const std::string lines = "@entry e" + std::to_string(100 + i) + "\n@alpha " + key(i) + "\n";
+    source += std::u8string(lines.begin(), lines.end()) + u8"本文。\n";
+  }
+  const fs::path tree = build(source, "levels");
+  for (int i : {0, 7, 8, 63, 64, 99}) {
+    const std::string found = lookup(tree, {key(i)});
+    EXPECT_EQ(found.find("e" + std::to_string(100 + i) + "\n"), 0u) << i << found;
+  }
+  EXPECT_EQ(lookup(tree, {std::string(117, 'k')}).find(sjis(u8"<項目一覧>\n")), 0u);
+}
+
 }  // namespace
