@@ -2,6 +2,7 @@
 
 #include "app/notify_beep.h"
 #include "app/reader_app.h"
+#include "controls/control_keys.h"
 #include "controls/jpn_data.h"
 
 bool CTaskManagerWnd::StartApplication(CVekWinApp& app) {
@@ -30,11 +31,9 @@ void CTaskManagerWnd::DeliverText(const CString& text) {
   SendMessage(appWnd_, WM_COPYDATA, GetSafeHwnd(), reinterpret_cast<LPARAM>(&data));
 }
 
-bool CTaskManagerWnd::TakeFolderChoice(CString& folder) {
-  if (folderChoices_.empty()) return false;
-  folder = folderChoices_.front();
-  folderChoices_.pop_front();
-  return true;
+void CTaskManagerWnd::AnswerFolderChooser(const CString& folder) {
+  DeliverText(folder);
+  DeliverKey(CK_ENTER);
 }
 
 LRESULT CTaskManagerWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -8,7 +8,6 @@
 #define APP_TASK_MANAGER_H_
 
 #include <cstdint>
-#include <deque>
 #include <vector>
 
 #include "controls/transcript_writer.h"
@@ -39,10 +38,10 @@ class CTaskManagerWnd : public CWnd {
   // Sent at once: the record lives only for the call.
   void DeliverText(const CString& text);
 
-  // Answers for the next folder choosers, in order.
-  void QueueFolderChoice(const CString& folder) { folderChoices_.push_back(folder); }
-  // The oldest answer not yet taken; false when there is none.
-  bool TakeFolderChoice(CString& folder);
+  // Answers the open folder chooser as a user would: types `folder`
+  // (relative to the folder in view, or a device name from "\"), then
+  // presses KEY_ENTER, which chooses it.
+  void AnswerFolderChooser(const CString& folder);
 
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -50,7 +49,6 @@ class CTaskManagerWnd : public CWnd {
   std::vector<TranscriptWriter*> transcripts_;  // where STARTED, ENDED, BEEP go
   HWND appWnd_ = 0;                              // the application's window while it runs
   bool ended_ = false;                           // WM_VEK_APP_ENDED has come
-  std::deque<CString> folderChoices_;            // answers for folder choosers
 };
 
 #endif  // APP_TASK_MANAGER_H_

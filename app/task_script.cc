@@ -140,7 +140,7 @@ void PerformTaskAction(CTaskManagerWnd& taskManager, const TaskAction& action) {
       taskManager.DeliverMute(action.number != 0);
       break;
     case TaskAction::kChoose:
-      taskManager.QueueFolderChoice(action.text);
+      taskManager.AnswerFolderChooser(action.text);
       break;
   }
 }

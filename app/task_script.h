@@ -7,7 +7,9 @@
 //   cursor <n>                  a cursor-routing key on cell n
 //   setting <w> <l>             a device setting: number w, value l
 //   mute <0|1>                  speech of announcements off (1) or on (0)
-//   choose <folder>             the answer of the next folder chooser
+//   choose <folder>             answers the open folder chooser: the folder,
+//                               relative to the one in view or a device
+//                               name from "\", typed, then KEY_ENTER
 #ifndef APP_TASK_SCRIPT_H_
 #define APP_TASK_SCRIPT_H_
 
