@@ -1,8 +1,5 @@
 // demobook DIR: writes a small EPWING book tree with a two-book catalog, for
-// trying the engine (`tomeview -DDIR -C`) without a real disc.
-// demobook --card DIR: writes a demo card for the reader, DIR standing for
-// the card: the two fixed book folders DIR/epwing/plus (two books) and
-// DIR/epwing/wadai (one book).
+// trying the reader (`tomeview -DDIR -C`) without a real disc.
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -16,30 +13,14 @@ namespace {
 
 const char kUsage[] =
     "usage: demobook DIR\n"
-    "       demobook --card DIR\n"
     "Writes a demo EPWING book tree into DIR: the catalog \"catalogs\" with two\n"
     "books and each book's text file (DIR/KOKUGO/data/honmon, DIR/EIWA/data/honmon).\n"
-    "With --card, DIR is a demo card for epwingdict: that tree in DIR/epwing/plus\n"
-    "and a one-book tree in DIR/epwing/wadai.\n"
     "DIR is created when missing; the demo's own files in it are replaced, and\n"
     "nothing else in DIR is touched.\n";
 
 void add_demo_book(BookTree& tree, const char* title, const char* directory, const char* body) {
   Book& book = tree.add_book(title, directory);
   book.text.add_area(0x00, utf8_to_jis(body));  // body text
-}
-
-BookTree two_book_tree() {
-  BookTree tree(BookType::kEpwing);
-  add_demo_book(tree, "デモ国語辞典", "KOKUGO", "辞書を引く。");
-  add_demo_book(tree, "デモ英和辞典", "EIWA", "dictionary 辞書");
-  return tree;
-}
-
-BookTree one_book_tree() {
-  BookTree tree(BookType::kEpwing);
-  add_demo_book(tree, "デモ話題辞典", "WADAI", "話題の言葉。");
-  return tree;
 }
 
 }  // namespace
@@ -49,25 +30,21 @@ int main(int argc, char** argv) {
     fputs(kUsage, stdout);
     return 0;
   }
-  const bool card = argc == 3 && strcmp(argv[1], "--card") == 0;
-  const char* target = card ? argv[2] : argv[1];
-  if ((argc != 2 && !card) || target[0] == '\0' || target[0] == '-') {
+  if (argc != 2 || argv[1][0] == '\0' || argv[1][0] == '-') {
     fprintf(stderr, "demobook: expected one directory argument\n%s", kUsage);
     return 2;
   }
-  const std::filesystem::path root = target;
+  const std::filesystem::path root = argv[1];
   std::error_code error;
   if (std::filesystem::exists(root, error) && !std::filesystem::is_directory(root, error)) {
-    fprintf(stderr, "demobook: %s exists and is not a directory\n", target);
+    fprintf(stderr, "demobook: %s exists and is not a directory\n", argv[1]);
     return 1;
   }
   try {
-    if (card) {
-      two_book_tree().write(root / "epwing" / "plus");
-      one_book_tree().write(root / "epwing" / "wadai");
-    } else {
-      two_book_tree().write(root);
-    }
+    BookTree tree(BookType::kEpwing);
+    add_demo_book(tree, "デモ国語辞典", "KOKUGO", "辞書を引く。");
+    add_demo_book(tree, "デモ英和辞典", "EIWA", "dictionary 辞書");
+    tree.write(root);
   } catch (const std::exception& failure) {
     fprintf(stderr, "demobook: %s\n", failure.what());
     return 1;

@@ -1,5 +1,5 @@
 #!/bin/sh
-# `make run`: the reader on the demo card. At a terminal the keyboard
+# `make run`: the reader on the demo card that the build wrote. At a terminal the keyboard
 # drives it (epwingdict --help lists the keys; Ctrl-Q closes); otherwise a
 # short demo script runs and its transcript is printed. The settings file
 # of the demo lives in the build folder.
@@ -7,7 +7,6 @@ set -e
 build=${1:-build}
 card="$build/card"
 home="$build/demo-home"
-"$build/bin/demobook" --card "$card"
 mkdir -p "$home"
 if [ -t 0 ] && [ -t 1 ]; then
   exec "$build/bin/epwingdict" --card "$card" --home "$home"
