@@ -1,0 +1,151 @@
+// Managing dictionaries and the display options in epwingdict runs on the
+// demo card: "\SD\epwing\plus" holds two books (プラス辞典, ことわざ小辞典),
+// and both fixed folders are built-in dictionaries.
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "controls/utf8_text.h"
+#include "platform/wide_string.h"
+#include "testing/temp_tree.h"
+
+namespace {
+
+// From the first screen to the dictionary list of the management screen,
+// through the button "辞書の追加と削除".
+const char kToDictionaries[] = "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n";
+// From the first screen to the settings screen through the menu's group of
+// options and its one entry.
+const char kToSettings[] = "KEY_MENU\n74\n74\n";
+const char kDefaultOptions[] =
+    "[OPTION_SETTING]\nGAIJI_REPLACE=1\nGAIJI_VISIBLE=0\nSYLLABLE_VISIBLE=0\n"
+    "PH_SIGNS_VISIBLE=0\nLINK_VISIBLE=0\n";
+
+std::string ReadFile(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+}
+
+size_t Count(const std::string& text, const std::string& part) {
+  size_t count = 0;
+  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+class ManageRunTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    const char* bin = std::getenv("TOMEVIEW_BIN");
+    if (bin == nullptr) GTEST_SKIP() << "TOMEVIEW_BIN is not set";
+    program = std::filesystem::path(bin) / "epwingdict";
+    card = std::filesystem::path(bin) / ".." / "card";
+    work = fresh_directory("manage_run");
+  }
+  // Runs the reader on `script`; the transcript.
+  std::string Run(const std::string& script) {
+    std::ofstream(work / "script.txt") << script;
+    const std::string command = program.string() + " --keys " + (work / "script.txt").string() +
+                                " --card " + card.string() + " --home " + work.string() +
+                                " --transcript " + (work / "transcript.txt").string();
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    return ReadFile(work / "transcript.txt");
+  }
+  // The settings file in UTF-8.
+  std::string Settings() {
+    return ToUtf8(CString(ReadFile(work / "epwingdict.ini").c_str()));
+  }
+  void Register(const std::string& title, const std::string& path, int book) {
+    std::ofstream(work / "epwingdict.ini")
+        << CString(FromUtf8("[DICT_LIST]\nLIST_SIZE=1\nTITLE_0000=" + title + "\nPATH_0000=" +
+                            path + "\nBOOKNUM_0000=" + std::to_string(book) + "\n"))
+               .ToMultiByte();
+  }
+
+  std::filesystem::path program, card, work;
+};
+
+}  // namespace
+
+TEST_F(ManageRunTest, RegistersTheSecondBookOfAFolderUnderAnEditedNameAndLooksUpInIt) {
+  const std::string transcript =
+      Run(std::string(kToDictionaries) +
+          "KEY_NEXT_CTRL\nKEY_ENTER\n"           // "追加": the chooser opens in \SD\epwing
+          "choose plus\n"                        // two books: the book list
+          "KEY_OPTION_DOWN\nKEY_ENTER\n"         // the second book, then its name
+          "32768\ntext ・改\nKEY_ENTER\n"        // behind the catalog's title; registered
+          "KEY_EXIT\n"                           // back to the search screen's button
+          "KEY_PREV_CTRL\nKEY_PREV_CTRL\nKEY_PREV_CTRL\n48\n48\n"  // the new dictionary
+          "KEY_NEXT_CTRL\ntext さるもきからおちる\nKEY_ENTER\n"
+          "KEY_EXIT\nKEY_EXIT\n");
+  const char* steps[] = {"BRL 辞書フォルダを選択してください\n",
+                         "BRL \\\\SD\\\\epwing このフォルダを選択\n",
+                         "BRL ブック選択:プラス辞典\n",
+                         "BRL ブック選択:ことわざ小辞典\n",
+                         "BRL 辞書名:ことわざ小辞典\n",
+                         "BRL 登録しました\nTTS 登録しました\nBRL 追加\n",
+                         "BRL 辞書選択:ことわざ小辞典・改\n",
+                         "BRL 検索結果:さるもきからおちる【猿も木から落ちる】\n",
+                         "ENDED\n"};
+  size_t at = 0;
+  for (const char* step : steps) {
+    at = transcript.find(step, at);
+    ASSERT_NE(at, std::string::npos) << step << "\n" << transcript;
+  }
+  EXPECT_EQ(Settings(), std::string(kDefaultOptions) +
+                            "[DICT_LIST]\nLIST_SIZE=1\nTITLE_0000=ことわざ小辞典・改\n"
+                            "PATH_0000=\\SD\\epwing\\plus\nBOOKNUM_0000=1\n");
+}
+
+TEST_F(ManageRunTest, DeletesOnlyAfterYesAndNeverABuiltInOne) {
+  // The registered one is third, behind the two built-in ones.
+  const std::string toDelete = std::string(kToDictionaries) + "48\n48\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\n";
+  Register("私の辞書", "\\SD\\epwing\\wadai", 0);
+  std::string transcript = Run(toDelete +
+                               "KEY_ENTER\nKEY_BACK\n"      // closed with no answer
+                               "KEY_ENTER\n48\nKEY_EXIT\n"  // yes in view, closed with no answer
+                               "KEY_ENTER\nKEY_ENTER\n"     // answered no
+                               "KEY_EXIT\nKEY_EXIT\n");
+  EXPECT_EQ(Count(transcript, "BRL 私の辞書 を削除しますか？ いいえ\n"), 3u) << transcript;
+  EXPECT_EQ(transcript.find("削除しました"), std::string::npos);
+  EXPECT_NE(Settings().find("LIST_SIZE=1\nTITLE_0000=私の辞書\n"), std::string::npos);
+
+  transcript = Run(toDelete +
+                   "KEY_ENTER\n48\nKEY_ENTER\n"  // answered yes: gone, the focus stays
+                   "KEY_PREV_CTRL\nKEY_PREV_CTRL\n"  // the list, on the new last entry
+                   "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n"  // "削除" of a built-in one beeps
+                   "KEY_EXIT\nKEY_EXIT\n");
+  EXPECT_NE(transcript.find("BRL 削除しました\nTTS 削除しました\nBRL 削除\n"), std::string::npos)
+      << transcript;
+  // The selection moved to the new last entry, the second built-in one.
+  EXPECT_NE(transcript.find("BRL 辞書選択:ＥＤＩＣＴ和英辞典\n"), std::string::npos);
+  EXPECT_NE(transcript.find("BEEP 32\n"), std::string::npos);
+  EXPECT_NE(Settings().find("[DICT_LIST]\nLIST_SIZE=0\n"), std::string::npos);
+}
+
+TEST_F(ManageRunTest, AppliedOptionsReachTheFileAndGivenUpOnesDoNot) {
+  // Replacement off, visible external characters on, then applied.
+  std::string transcript =
+      Run(std::string(kToSettings) + "KEY_OPTION_VALUE\nKEY_OPTION_DOWN\nKEY_OPTION_VALUE\n"
+                                     "KEY_ENTER\nKEY_EXIT\n");
+  EXPECT_NE(transcript.find("BRL 外字の置換:置換しない\n"), std::string::npos) << transcript;
+  EXPECT_NE(transcript.find("BRL 外字の表示:表示する\n"), std::string::npos);
+  EXPECT_NE(transcript.find("BRL 設定しました\n"), std::string::npos);
+  EXPECT_EQ(Settings().rfind(
+                "[OPTION_SETTING]\nGAIJI_REPLACE=0\nGAIJI_VISIBLE=1\nSYLLABLE_VISIBLE=0\n"
+                "PH_SIGNS_VISIBLE=0\nLINK_VISIBLE=0\n",
+                0),
+            0u)
+      << Settings();
+
+  std::filesystem::remove(work / "epwingdict.ini");
+  transcript = Run(std::string(kToSettings) +
+                   "KEY_OPTION_VALUE\nKEY_OPTION_DOWN\nKEY_OPTION_VALUE\nKEY_BACK\nKEY_EXIT\n");
+  EXPECT_EQ(transcript.find("設定しました"), std::string::npos);
+  EXPECT_EQ(Settings().rfind(kDefaultOptions, 0), 0u) << Settings();
+}
