@@ -40,6 +40,16 @@ class EpwingdictRunner : public ::testing::Test {
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
+  // A card of its own holding only the demo card's folder epwing/`name`,
+  // so that the dictionary list doesn't depend on what else the build put
+  // on the demo card.
+  void UseDemoFolder(const std::string& name) {
+    const std::filesystem::path own = work / "card";
+    std::filesystem::create_directories(own / "epwing");
+    std::filesystem::copy(card / "epwing" / name, own / "epwing" / name,
+                          std::filesystem::copy_options::recursive);
+    card = own;
+  }
   std::string Transcript() const { return ReadWholeFile(work / "transcript.txt"); }
 
   std::filesystem::path program, card, work;  // the program, "\SD", the program folder

@@ -27,9 +27,18 @@ namespace {
 const char kReadFirstArticle[] =
     "KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n48\n48\nKEY_EXIT\nKEY_EXIT\nKEY_EXIT\n";
 
+// On a card that holds the sample dictionary alone.
+class LookupWalkTest : public EpwingdictRunner {
+ protected:
+  void SetUp() override {
+    EpwingdictRunner::SetUp();
+    if (!IsSkipped()) UseDemoFolder("plus");
+  }
+};
+
 }  // namespace
 
-TEST_F(EpwingdictRunner, LookupWalkFromWordToArticleToCandidateAndBack) {
+TEST_F(LookupWalkTest, LookupWalkFromWordToArticleToCandidateAndBack) {
   ASSERT_EQ(Run("48\n24\nKEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"
                 "48\nKEY_ENTER\n48\nKEY_BACK\n"                   // the second article
                 "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n"       // the first candidate
@@ -59,7 +68,7 @@ TEST_F(EpwingdictRunner, LookupWalkFromWordToArticleToCandidateAndBack) {
        "TTS 検索開始 ボタン", "ENDED"}));
 }
 
-TEST_F(EpwingdictRunner, DisplayOptionsOfTheSettingsFileChangeWhatIsShown) {
+TEST_F(LookupWalkTest, DisplayOptionsOfTheSettingsFileChangeWhatIsShown) {
   ASSERT_EQ(Run(kReadFirstArticle), 0);
   std::string plain = Transcript();
   EXPECT_TRUE(HasLinesInOrder(plain, {"BRL 植物が咲かせるもの。桜など。", "BRL 英語 flower "}));
@@ -72,9 +81,8 @@ TEST_F(EpwingdictRunner, DisplayOptionsOfTheSettingsFileChangeWhatIsShown) {
   EXPECT_TRUE(HasLinesInOrder(shown, {"BRL 英語 flower /flau-@r/"}));
 }
 
-TEST_F(EpwingdictRunner, ALookupInAFolderThatHasGoneSaysSo) {
-  card = work / "card";
-  std::filesystem::create_directories(card);
+TEST_F(LookupWalkTest, ALookupInAFolderThatHasGoneSaysSo) {
+  std::filesystem::remove_all(card / "epwing");
   std::ofstream(work / "epwingdict.ini")
       << "[DICT_LIST]\nLIST_SIZE=1\nTITLE_0000=gone\nPATH_0000=\\SD\\gone\nBOOKNUM_0000=0\n";
   ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_EXIT\n"), 0);

@@ -1,0 +1,191 @@
+#include <algorithm>
+#include <vector>
+
+#include "app/focus_ring.h"
+#include "app/frame_fixture_for_test.h"
+#include "app/main_menu.h"
+
+namespace {
+
+// The real menu, with the calls that build and open it logged.
+class MenuBuildRecorder : public CVekMenuCtrl {
+ public:
+  explicit MenuBuildRecorder(CallLog& log) : log_(log) {}
+  void InitPrompt() override { log_.push_back("menu.InitPrompt()"); CVekMenuCtrl::InitPrompt(); }
+  HVEKMENUITEM AddMenu(HVEKMENUITEM parent, unsigned id, unsigned keyValue, int hasChildren,
+                       CString label, void* reserved, unsigned flags) override {
+    log_.push_back("menu.AddMenu(" + std::to_string(parent ? parent->id : 0) + "," +
+                   std::to_string(id) + "," + std::to_string(keyValue) + "," +
+                   std::to_string(hasChildren) + "," + ToUtf8(label) +
+                   (reserved || flags ? ",?)" : ")"));
+    return CVekMenuCtrl::AddMenu(parent, id, keyValue, hasChildren, label, reserved, flags);
+  }
+  void SetFocus() override { log_.push_back("menu.SetFocus()"); CVekMenuCtrl::SetFocus(); }
+  int DoModal() override { log_.push_back("menu.DoModal()"); return CVekMenuCtrl::DoModal(); }
+
+ private:
+  CallLog& log_;
+};
+
+bool Logged(const CallLog& log, const std::string& call) {
+  return std::find(log.begin(), log.end(), call) != log.end();
+}
+
+}  // namespace
+
+TEST_F(FrameTest, LookupScreenRingsWrapBothWays) {
+  Start();
+  CMainFrame& f = frame();
+  const std::vector<std::vector<int32_t>> rings = {
+      {FOCUS_DICT_LIST, FOCUS_EDIT_WORD, FOCUS_BTN_SEARCH, FOCUS_BTN_MANAGE, FOCUS_BTN_CLOSE},
+      {FOCUS_RESULT_LIST, FOCUS_BTN_OPEN, FOCUS_CANDIDATE_LIST, FOCUS_BTN_SEARCH, FOCUS_BTN_CLOSE},
+      {FOCUS_EDIT_ARTICLE, FOCUS_BTN_CLOSE}};
+  for (int32_t screen = SCREEN_SEARCH; screen <= SCREEN_ARTICLE; ++screen) {
+    const std::vector<int32_t>& ring = rings[screen];
+    const size_t n = ring.size();
+    f.screen = screen;
+    f.screenFocus[screen] = ring[0];
+    for (size_t i = 1; i <= n; ++i) {
+      f.HandleScreenKey(KEY_NEXT_CTRL, 0);
+      EXPECT_EQ(f.focus, ring[i % n]) << "screen " << screen;
+      EXPECT_EQ(f.screenFocus[screen], f.focus);
+    }
+    for (size_t i = 1; i <= n; ++i) {
+      f.HandleScreenKey(KEY_PREV_CTRL, 0);
+      EXPECT_EQ(f.focus, ring[(n - i) % n]) << "screen " << screen;
+    }
+  }
+  EXPECT_EQ(RingNeighbour(rings[1], FOCUS_EDIT_NAME, 1), FOCUS_RESULT_LIST);
+}
+
+TEST_F(FrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTheFolderHasGone) {
+  Start();
+  CMainFrame& f = frame();
+  f.HandleScreenKey(KEY_ENTER, 0);  // on the dictionary list: nothing, not passed on
+  EXPECT_TRUE(log.empty());
+  f.HandleScreenKey(KEY_BACK, 0);   // no back key here
+  EXPECT_EQ(log, CallLog{"list.OnBrailleKeyProc(88)"});
+
+  f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
+  f.editCtrl->SetText(u"はな", 0);
+  f.HandleScreenKey(KEY_ENTER, 0);  // no dictionary at all
+  EXPECT_EQ(f.searchWord, CString(u"はな"));
+  f.DictionaryList.push_back({u"gone", u"\\SD\\gone", 0});
+  f.editCtrl->SetText(u"", 0);
+  f.HandleScreenKey(KEY_ENTER, 0);  // no word
+  EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\nBEEP 32\n");
+  EXPECT_FALSE(Logged(log, "edit.PlayTts(検索開始)"));
+
+  // A word of blanks is a word: it reaches the lookup, which finds no book.
+  log.clear();
+  f.ArticleList = {{u"古い", u"記事"}};
+  f.editCtrl->SetText(u"  ", 0);
+  f.HandleScreenKey(KEY_ENTER, 0);
+  const auto said = std::find(log.begin(), log.end(), "edit.PlayTts(検索開始)");
+  EXPECT_NE(std::find(said, log.end(), "edit.PlayTts(辞書が見つかりませんでした)"), log.end());
+  EXPECT_EQ(log.back(), "edit.SetFocus(検索ワード:,1)");
+  EXPECT_EQ(f.screen, SCREEN_SEARCH);
+  EXPECT_TRUE(f.ArticleList.empty());
+
+  // The manage button opens the dictionary screen on its list.
+  f.screenFocus[SCREEN_SEARCH] = FOCUS_BTN_MANAGE;
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
+  EXPECT_EQ(f.screenFocus[SCREEN_DICTIONARIES], FOCUS_DICT_LIST);
+}
+
+TEST_F(FrameTest, ResultAndArticleScreensOpenLeaveAndRefuse) {
+  Start();
+  CMainFrame& f = frame();
+  f.DictionaryList.push_back({u"gone", u"\\SD\\gone", 0});
+  f.screenFocus[SCREEN_SEARCH] = FOCUS_BTN_SEARCH;
+  f.screen = SCREEN_RESULTS;
+  f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_OPEN;
+  f.ArticleList = {{u"いぬ【犬】", u"いぬ【犬】\r\n動物。"}};
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_EQ(f.articleText, CString(u"いぬ【犬】\r\n動物。"));
+  EXPECT_EQ(f.screen, SCREEN_ARTICLE);
+  EXPECT_EQ(f.focus, FOCUS_EDIT_ARTICLE);
+  f.HandleScreenKey(KEY_ENTER, 0);  // the text can't be activated
+  EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\n");
+  f.HandleScreenKey(KEY_BACK, 0);
+  EXPECT_EQ(f.screen, SCREEN_RESULTS);
+  EXPECT_EQ(f.focus, FOCUS_BTN_OPEN);
+
+  // No article: the button again, no beep. No candidate: a beep.
+  f.ArticleList.clear();
+  log.clear();
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_EQ(log, CallLog{"openButton.DisplayItem(1)"});
+  f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_SEARCH;
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\nBEEP 32\n");
+
+  // A candidate in a dictionary that has gone: said, the screen stays
+  // with both lists empty, the word untouched.
+  f.searchWord = u"いぬ";
+  f.CandidateList = {{u"いぬ【犬】", u"いぬ"}};
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_TRUE(Logged(log, "edit.PlayTts(辞書が見つかりませんでした)"));
+  EXPECT_EQ(f.screen, SCREEN_RESULTS);
+  EXPECT_TRUE(f.CandidateList.empty());
+  EXPECT_EQ(f.searchWord, CString(u"いぬ"));
+
+  f.HandleScreenKey(KEY_EXIT, 0);  // back to the focus the search screen had
+  EXPECT_EQ(f.screen, SCREEN_SEARCH);
+  EXPECT_EQ(f.focus, FOCUS_BTN_SEARCH);
+}
+
+TEST_F(FrameTest, MenuEntriesFollowTheScreenAndItsChoicesMove) {
+  frame().menuCtrl = std::make_unique<MenuBuildRecorder>(log);
+  Start();
+  CMainFrame& f = frame();
+  auto build = [](unsigned gotoEntry, unsigned gotoKey) {
+    return CallLog{"menu.InitPrompt()", "menu.AddMenu(0,1,44,1,)",
+                   "menu.AddMenu(1,2,202,0,)", "menu.AddMenu(0,4,72,1,)",
+                   "menu.AddMenu(4," + std::to_string(gotoEntry) + "," + std::to_string(gotoKey) +
+                       ",0,)",
+                   "menu.AddMenu(0,6,74,1,)", "menu.AddMenu(6,7,74,0,)",
+                   "menu.SetFocus()", "menu.DoModal()"};
+  };
+  f.HandleScreenKey(KEY_MENU, 0);
+  EXPECT_EQ(log, build(MENU_TO_DICTIONARIES, 104));
+  EXPECT_EQ(f.routingMode, MODE_MENU);
+  f.OnBrailleKeyMessage(KEY_EXIT, 0);
+  EXPECT_EQ(f.routingMode, MODE_SCREEN);
+
+  // Over the article; closing with KEY_BACK sets the field up anew.
+  f.screen = SCREEN_ARTICLE;
+  f.screenFocus[SCREEN_ARTICLE] = FOCUS_EDIT_ARTICLE;
+  f.articleText = u"本文";
+  log.clear();
+  f.HandleScreenKey(KEY_MENU, 0);
+  EXPECT_EQ(log, build(MENU_TO_SEARCH, 44));
+  f.OnBrailleKeyMessage(KEY_BACK, 0);
+  EXPECT_TRUE(Logged(log, "edit.SetText(本文,0)"));
+  EXPECT_EQ(f.screen, SCREEN_ARTICLE);
+
+  // MENU_TO_SEARCH lands on the dictionary list, whatever was remembered.
+  f.screenFocus[SCREEN_SEARCH] = FOCUS_BTN_CLOSE;
+  for (uint32_t key : {KEY_MENU, 48u, KEY_ENTER, KEY_ENTER}) f.OnBrailleKeyMessage(key, 0);
+  EXPECT_EQ(f.screen, SCREEN_SEARCH);
+  EXPECT_EQ(f.focus, FOCUS_DICT_LIST);
+  EXPECT_EQ(f.screenFocus[SCREEN_SEARCH], FOCUS_DICT_LIST);
+
+  // MENU_TO_SETTINGS renders the settings screen once.
+  log.clear();
+  for (uint32_t key : {KEY_MENU, 24u, KEY_ENTER, KEY_ENTER}) f.OnBrailleKeyMessage(key, 0);
+  EXPECT_EQ(f.screen, SCREEN_SETTINGS);
+  EXPECT_EQ(f.returnScreen, SCREEN_SEARCH);
+  EXPECT_EQ(std::count(log.begin(), log.end(), "list.SetLabel(外字の置換:)"), 1);
+
+  // MENU_CLOSE posts WM_CLOSE and renders nothing.
+  f.screen = SCREEN_RESULTS;
+  f.screenFocus[SCREEN_RESULTS] = FOCUS_RESULT_LIST;
+  f.HandleScreenKey(KEY_MENU, 0);
+  log.clear();
+  for (uint32_t key : {KEY_ENTER, KEY_ENTER}) f.OnBrailleKeyMessage(key, 0);
+  EXPECT_TRUE(log.empty());
+  Drain();
+  EXPECT_TRUE(taskManager.AppEnded());
+}
