@@ -1,19 +1,13 @@
 // Managing dictionaries and the display options in epwingdict runs on the
 // demo card: "\SD\epwing\plus" holds two books (プラス辞典, ことわざ小辞典),
 // and both fixed folders are built-in dictionaries.
-#include <gtest/gtest.h>
-
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 
+#include "app/epwingdict_runner_for_test.h"
 #include "controls/utf8_text.h"
 #include "platform/wide_string.h"
-#include "testing/temp_tree.h"
 
 namespace {
 
@@ -27,54 +21,37 @@ const char kDefaultOptions[] =
     "[OPTION_SETTING]\nGAIJI_REPLACE=1\nGAIJI_VISIBLE=0\nSYLLABLE_VISIBLE=0\n"
     "PH_SIGNS_VISIBLE=0\nLINK_VISIBLE=0\n";
 
-std::string ReadFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-}
-
 size_t Count(const std::string& text, const std::string& part) {
   size_t count = 0;
   for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
   return count;
 }
 
-class ManageRunTest : public ::testing::Test {
+class ManageRunTest : public EpwingdictRunner {
  protected:
-  void SetUp() override {
-    const char* bin = std::getenv("TOMEVIEW_BIN");
-    if (bin == nullptr) GTEST_SKIP() << "TOMEVIEW_BIN is not set";
-    program = std::filesystem::path(bin) / "epwingdict";
-    card = std::filesystem::path(bin) / ".." / "card";
-    work = fresh_directory("manage_run");
-  }
   // Runs the reader on `script`; the transcript.
-  std::string Run(const std::string& script) {
-    std::ofstream(work / "script.txt") << script;
-    const std::string command = program.string() + " --keys " + (work / "script.txt").string() +
-                                " --card " + card.string() + " --home " + work.string() +
-                                " --transcript " + (work / "transcript.txt").string();
-    EXPECT_EQ(std::system(command.c_str()), 0);
-    return ReadFile(work / "transcript.txt");
+  std::string RunScript(const std::string& script) {
+    EXPECT_EQ(Run(script), 0) << ReadWholeFile(work / "stderr.txt");
+    return Transcript();
   }
   // The settings file in UTF-8.
   std::string Settings() {
-    return ToUtf8(CString(ReadFile(work / "epwingdict.ini").c_str()));
+    return ToUtf8(CString(ReadWholeFile(work / "epwingdict.ini").c_str()));
   }
+  // A settings file with one registered dictionary.
   void Register(const std::string& title, const std::string& path, int book) {
     std::ofstream(work / "epwingdict.ini")
         << CString(FromUtf8("[DICT_LIST]\nLIST_SIZE=1\nTITLE_0000=" + title + "\nPATH_0000=" +
                             path + "\nBOOKNUM_0000=" + std::to_string(book) + "\n"))
                .ToMultiByte();
   }
-
-  std::filesystem::path program, card, work;
 };
 
 }  // namespace
 
 TEST_F(ManageRunTest, RegistersTheSecondBookOfAFolderUnderAnEditedNameAndLooksUpInIt) {
   const std::string transcript =
-      Run(std::string(kToDictionaries) +
+      RunScript(std::string(kToDictionaries) +
           "KEY_NEXT_CTRL\nKEY_ENTER\n"           // "追加": the chooser opens in \SD\epwing
           "choose plus\n"                        // two books: the book list
           "KEY_OPTION_DOWN\nKEY_ENTER\n"         // the second book, then its name
@@ -106,7 +83,7 @@ TEST_F(ManageRunTest, DeletesOnlyAfterYesAndNeverABuiltInOne) {
   // The registered one is third, behind the two built-in ones.
   const std::string toDelete = std::string(kToDictionaries) + "48\n48\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\n";
   Register("私の辞書", "\\SD\\epwing\\wadai", 0);
-  std::string transcript = Run(toDelete +
+  std::string transcript = RunScript(toDelete +
                                "KEY_ENTER\nKEY_BACK\n"      // closed with no answer
                                "KEY_ENTER\n48\nKEY_EXIT\n"  // yes in view, closed with no answer
                                "KEY_ENTER\nKEY_ENTER\n"     // answered no
@@ -115,7 +92,7 @@ TEST_F(ManageRunTest, DeletesOnlyAfterYesAndNeverABuiltInOne) {
   EXPECT_EQ(transcript.find("削除しました"), std::string::npos);
   EXPECT_NE(Settings().find("LIST_SIZE=1\nTITLE_0000=私の辞書\n"), std::string::npos);
 
-  transcript = Run(toDelete +
+  transcript = RunScript(toDelete +
                    "KEY_ENTER\n48\nKEY_ENTER\n"  // answered yes: gone, the focus stays
                    "KEY_PREV_CTRL\nKEY_PREV_CTRL\n"  // the list, on the new last entry
                    "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n"  // "削除" of a built-in one beeps
@@ -131,7 +108,7 @@ TEST_F(ManageRunTest, DeletesOnlyAfterYesAndNeverABuiltInOne) {
 TEST_F(ManageRunTest, AppliedOptionsReachTheFileAndGivenUpOnesDoNot) {
   // Replacement off, visible external characters on, then applied.
   std::string transcript =
-      Run(std::string(kToSettings) + "KEY_OPTION_VALUE\nKEY_OPTION_DOWN\nKEY_OPTION_VALUE\n"
+      RunScript(std::string(kToSettings) + "KEY_OPTION_VALUE\nKEY_OPTION_DOWN\nKEY_OPTION_VALUE\n"
                                      "KEY_ENTER\nKEY_EXIT\n");
   EXPECT_NE(transcript.find("BRL 外字の置換:置換しない\n"), std::string::npos) << transcript;
   EXPECT_NE(transcript.find("BRL 外字の表示:表示する\n"), std::string::npos);
@@ -144,7 +121,7 @@ TEST_F(ManageRunTest, AppliedOptionsReachTheFileAndGivenUpOnesDoNot) {
       << Settings();
 
   std::filesystem::remove(work / "epwingdict.ini");
-  transcript = Run(std::string(kToSettings) +
+  transcript = RunScript(std::string(kToSettings) +
                    "KEY_OPTION_VALUE\nKEY_OPTION_DOWN\nKEY_OPTION_VALUE\nKEY_BACK\nKEY_EXIT\n");
   EXPECT_EQ(transcript.find("設定しました"), std::string::npos);
   EXPECT_EQ(Settings().rfind(kDefaultOptions, 0), 0u) << Settings();
