@@ -1,0 +1,162 @@
+// The management and settings screens on recording controls: what the
+// scripted runs on the demo card can't reach.
+#include <algorithm>
+#include <deque>
+#include <string>
+
+#include "app/frame_fixture_for_test.h"
+#include "testing/book_writer.h"
+#include "testing/engine_runner.h"
+
+namespace {
+
+class ManageScreensTest : public FrameTest {
+ protected:
+  void Key(uint32_t key) { frame().OnBrailleKeyMessage(key, 0); }
+  bool Logged(const std::string& call) {
+    return std::find(log.begin(), log.end(), call) != log.end();
+  }
+  // "追加" on the dictionary screen, the chooser answered with `folder`.
+  void Add(const char16_t* folder) {
+    frame().screen = SCREEN_DICTIONARIES;
+    frame().screenFocus[SCREEN_DICTIONARIES] = FOCUS_BTN_ADD;
+    std::deque<CString> answers{CString(folder)};
+    SetMessageSource([&]() {
+      if (answers.empty()) return false;
+      taskManager.AnswerFolderChooser(answers.front());
+      answers.pop_front();
+      return true;
+    });
+    taskManager.DeliverKey(KEY_ENTER);
+    capture_engine([&] { RunMessageLoop(); });
+    SetMessageSource(nullptr);
+  }
+  // The register screen on two books of a folder, on the book list.
+  void OnTwoBooks() {
+    for (const char16_t* title : {u"一の巻", u"二の巻"}) {
+      frame().BookCandidateList.push_back({title, u"\\SD\\two", 0});
+      frame().BookTitleList.push_back(title);
+    }
+    frame().screen = SCREEN_REGISTER;
+    frame().screenFocus[SCREEN_REGISTER] = FOCUS_BOOK_LIST;
+    frame().focus = FOCUS_BOOK_LIST;
+    frame().RenderFocus();
+  }
+};
+
+}  // namespace
+
+TEST_F(ManageScreensTest, AddingReadsTheWholeCatalogAndNumbersBooksByTheirLine) {
+  // Ten books of long titles (a listing beyond 512 bytes); the second and
+  // the fourth have no forward index.
+  const char* numbers[] = {"一", "二", "三", "四", "五", "六", "七", "八", "九", "十"};
+  BookTree tree(BookType::kEpwing);
+  for (int i = 0; i < 10; ++i) {
+    Book& book = tree.add_book(std::string("とても長い題名の辞書その") + numbers[i] +
+                                   "番目の巻ですよく読んでください",
+                               "BOOK" + std::to_string(i));
+    if (i != 1 && i != 3) book.text.add_entry({0x91, 2, 1});
+  }
+  tree.write(card / "many");
+  BookTree backward(BookType::kEpwing);
+  backward.add_book("逆引き", "BACK").text.add_entry({0x71, 2, 1});
+  backward.write(card / "backward");
+  std::filesystem::create_directories(card / "empty");
+  capture_engine([&] { Start(); });
+
+  Add(u"\\SD\\many");
+  CMainFrame& f = frame();
+  ASSERT_EQ(f.BookCandidateList.size(), 8u);
+  EXPECT_EQ(f.BookCandidateList[1].bookNumber, 2);
+  EXPECT_EQ(f.BookCandidateList[7].bookNumber, 9);
+  EXPECT_EQ(f.BookTitleList[7], CString(u"とても長い題名の辞書その十番目の巻ですよく読んでください"));
+  EXPECT_EQ(f.BookCandidateList[0].path, CString(u"\\SD\\many"));
+  EXPECT_EQ(f.screen, SCREEN_REGISTER);
+  EXPECT_EQ(f.focus, FOCUS_BOOK_LIST);
+
+  // A second add opens the chooser where the first one chose; a catalog
+  // with no forward index is told, a folder without one is not.
+  log.clear();
+  Add(u"\\SD\\backward");
+  EXPECT_EQ(f.fileDialog->InitPath(), CString(u"\\SD\\many"));
+  EXPECT_TRUE(Logged("edit.PlayTts(ブックが取得出来ませんでした)"));
+  EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
+  EXPECT_EQ(f.focus, FOCUS_BTN_ADD);
+  log.clear();
+  Add(u"\\SD\\empty");
+  EXPECT_FALSE(Logged("edit.PlayTts(ブックが取得出来ませんでした)"));
+  EXPECT_TRUE(f.BookCandidateList.empty());
+  EXPECT_EQ(f.rootPath, CString(u"\\SD\\empty"));
+}
+
+TEST_F(ManageScreensTest, AnEditedNameStaysWithItsBookAndBackLeavesTheFieldFirst) {
+  capture_engine([&] { Start(); });
+  OnTwoBooks();
+  CMainFrame& f = frame();
+  Key(KEY_ENTER);  // the name of the first book
+  f.editCtrl->SetText(u"私の巻", 0);
+  Key(KEY_BACK);  // back to the list: the name is kept
+  EXPECT_EQ(f.focus, FOCUS_BOOK_LIST);
+  EXPECT_EQ(f.BookTitleList[0], CString(u"私の巻"));
+  Key(48);  // the second book, and its name
+  Key(KEY_ENTER);
+  EXPECT_EQ(f.editCtrl->GetText(0), CString(u"二の巻"));
+  f.editCtrl->SetText(u"", 0);
+  Key(KEY_ENTER);  // an empty name beeps and stays
+  EXPECT_NE(Transcript().find("BEEP 32"), std::string::npos);
+  EXPECT_EQ(f.focus, FOCUS_EDIT_NAME);
+  Key(KEY_PREV_CTRL);
+  Key(24);  // the first book again: its edited name is there
+  log.clear();
+  Key(KEY_NEXT_CTRL);
+  EXPECT_TRUE(Logged("edit.SetText(私の巻,0)"));
+  const size_t before = f.DictionaryList.size();
+  Key(KEY_BACK);  // out of the field, then cancelled
+  Key(KEY_BACK);
+  EXPECT_TRUE(Logged("edit.PlayTts(キャンセル)"));
+  EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
+  EXPECT_EQ(f.DictionaryList.size(), before);
+}
+
+TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameFrom) {
+  capture_engine([&] { Start(); });
+  CMainFrame& f = frame();
+  f.screen = SCREEN_ARTICLE;
+  f.screenFocus[SCREEN_ARTICLE] = FOCUS_BTN_CLOSE;
+  f.OpenSettingsScreen();
+  Key(KEY_OPTION_UP);  // the first option: beep, no wrap
+  EXPECT_NE(Transcript().find("BEEP 32"), std::string::npos);
+  EXPECT_EQ(f.focus, FOCUS_OPT_GAIJI_REPLACE);
+  Key(KEY_OPTION_VALUE);  // the copy steps, the field doesn't
+  EXPECT_EQ(f.listState[FOCUS_OPT_GAIJI_REPLACE].selection, 0);
+  EXPECT_EQ(f.gaijiReplace, 1);
+  Key(KEY_OPTION_DOWN);
+  Key(KEY_OPTION_DOWN);
+  Key(KEY_OPTION_VALUE);  // syllables on
+  Key(KEY_NEXT_CTRL);     // to "設定", remembering the syllables
+  log.clear();
+  Key(KEY_OPTION_VALUE);  // goes to the button
+  EXPECT_TRUE(Logged("applyButton.OnBrailleKeyProc(16)"));
+  Key(KEY_PREV_CTRL);
+  EXPECT_EQ(f.focus, FOCUS_OPT_SYLLABLE);
+  Key(KEY_OPTION_UP);
+  Key(KEY_OPTION_UP);
+  EXPECT_TRUE(Logged("edit.SetText(置換しない,0)"));  // the stepped value is still shown
+  Key(KEY_ENTER);  // an option applies all four
+  EXPECT_EQ(f.gaijiReplace, 0);
+  EXPECT_EQ(f.syllableVisible, 1);
+  EXPECT_EQ(f.screen, SCREEN_ARTICLE);
+  EXPECT_EQ(f.focus, FOCUS_BTN_CLOSE);
+  EXPECT_TRUE(Logged("edit.PlayTts(設定しました)"));
+
+  // Given up from the search screen: back there, nothing changed or said.
+  f.screen = SCREEN_SEARCH;
+  f.OpenSettingsScreen();
+  Key(KEY_OPTION_VALUE);
+  log.clear();
+  Key(KEY_BACK);
+  EXPECT_EQ(f.gaijiReplace, 0);
+  EXPECT_EQ(f.screen, SCREEN_SEARCH);
+  EXPECT_FALSE(std::any_of(log.begin(), log.end(),
+                           [](const std::string& call) { return call.rfind("edit.PlayTts", 0) == 0; }));
+}
