@@ -126,9 +126,16 @@ FILE* open_utf8_reader(FILE* terminal) {
 }
 
 std::string shift_jis_keyword(const std::string& text) {
+  // ASCII and half-width katakana (0xA1 to 0xDF) alone are Shift-JIS as they
+  // stand, even where the bytes also read as UTF-8 ("\xC3\xB7" is both
+  // ﾃｷ and ÷); a keyword typed in Japanese UTF-8 always has other bytes.
   bool ascii = true;
-  for (unsigned char c : text) ascii = ascii && c < 0x80;
-  if (ascii || text[0] == '-' || text[0] == '/') return text;
+  bool halfwidth_sjis = true;
+  for (unsigned char c : text) {
+    ascii = ascii && c < 0x80;
+    halfwidth_sjis = halfwidth_sjis && (c < 0x80 || (c >= 0xA1 && c <= 0xDF));
+  }
+  if (ascii || halfwidth_sjis || text[0] == '-' || text[0] == '/') return text;
   iconv_t to_sjis = iconv_open("CP932", "UTF-8");
   if (to_sjis == reinterpret_cast<iconv_t>(-1)) return text;
   // Shift-JIS never takes more bytes than UTF-8 for the same characters.

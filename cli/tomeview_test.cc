@@ -56,6 +56,7 @@ TEST(Tomeview, KeywordsTypedInUtf8BecomeShiftJis) {
   EXPECT_EQ(shift_jis_keyword("-Dはな"), "-Dはな") << "option values are paths";
   EXPECT_EQ(shift_jis_keyword("/Nはな"), "/Nはな");
   EXPECT_EQ(shift_jis_keyword("\x82\xCD\x82\xC8"), "\x82\xCD\x82\xC8") << "Shift-JIS passes";
+  EXPECT_EQ(shift_jis_keyword("\xC3\xB7" "a"), "\xC3\xB7" "a") << "half-width kana that also reads as UTF-8";
   EXPECT_EQ(shift_jis_keyword("한글"), "한글") << "no CP932 form: unchanged";
   EXPECT_EQ(shift_jis_keyword("plain"), "plain");
 }
