@@ -19,6 +19,10 @@
 //
 // Codes run on from the first one: in Japanese mode along the JIS grid
 // (0xA17E is followed by 0xA221), in English mode through every low byte.
+//
+// A damaged header may claim up to 65535 characters of 255 rows of 32
+// bytes; the dump ends with the first character whose bitmap ran past the
+// end of the book, so that it never reads on through failure after failure.
 #include <cstdio>
 
 #include "engine/engine_state.h"
@@ -42,6 +46,11 @@ int next_code(int code) {
 void write_row_byte(int byte) {
   if (byte == 0) return;
   for (int bit = 0x80; bit != 0; bit >>= 1) fputc((byte & bit) ? 'O' : ' ', engine.output);
+}
+
+// True when the reads have run off the end of the book's last file.
+bool past_end_of_book() {
+  return engine.current_file == nullptr || feof(engine.current_file);
 }
 
 // Goes to the next block when the next bitmap would pass the end of this one.
@@ -76,6 +85,7 @@ void cdgaijidump() {
       for (int b = 0; b < row_bytes; ++b) write_row_byte(cdgetbyte());
       fputc('\n', engine.output);
     }
+    if (past_end_of_book()) break;
     skip_to_block_if_full(bitmap_bytes);
   }
   fprintf(engine.output, "* GAIJI code=-%X\n", code - 1);

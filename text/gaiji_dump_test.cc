@@ -42,6 +42,18 @@ TEST(GaijiDump, BlocksOf1024Bytes) {
   EXPECT_NE(out.find("\n*A12F:(5120)\n"), std::string::npos);
 }
 
+TEST(GaijiDump, DamagedCountEndsAtTheEndOfTheBook) {
+  // 65535 characters claimed, two written: the dump stops at the first
+  // bitmap that runs past the end instead of reading on for ever.
+  std::string area = font_area_bytes({16, 16, 0xA121, 65535, {}});
+  std::string book = write_file("font_cut", index_directory_page({{0xF1, 2, 2}}) +
+                                                area.substr(0, 2048 + 64));
+  std::string out = run_engine({"-N" + book, "-#"}).out;
+  EXPECT_NE(out.find("\n*A122\t\n"), std::string::npos);
+  EXPECT_EQ(out.find("\n*A124\t\n"), std::string::npos);
+  EXPECT_NE(out.find("* GAIJI code=-A123\n"), std::string::npos);
+}
+
 TEST(GaijiDump, PlainFileOption) {
   std::string plain = write_file("font_plain", font_area_bytes({16, 16, 0xA121, 0, {}}));
   EXPECT_EQ(run_engine({"-$" + plain}).out,
