@@ -33,5 +33,9 @@ test-sanitize: deps
 bench: build
 	bash bench/run.sh $(BUILD)
 
+# The fuzz harnesses of fuzz/, each run for FUZZ_SECONDS (default 60).
+fuzz:
+	sh scripts/fuzz.sh
+
 clean:
 	rm -rf $(BUILD)

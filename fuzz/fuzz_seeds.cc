@@ -1,5 +1,5 @@
 // fuzz_seeds DIR: writes the seed corpora of the harnesses into DIR/book,
-// DIR/settings and DIR/work, from books made by the test helpers: each book
+// DIR/settings and DIR/work_file, from books made by the test helpers: each book
 // with body text, head lines, menu, notice, indexes of both leaf layouts,
 // a multi-search definition and a font, in every book type.
 #include <cstdio>
@@ -99,10 +99,10 @@ void write_book_seeds(const fs::path& dir, const fs::path& scratch) {
       write_seed(dir / "book" / ("seed" + std::to_string(n)), encode_book_input(input));
       if (n == 0) {  // real work files of lookups, for the parser
         tree.write(scratch);
-        fs::create_directories(dir / "work");
+        fs::create_directories(dir / "work_file");
         int w = 0;
         for (const char* word : {"はな", "はなこ", "ABC"}) {
-          const fs::path work = dir / "work" / ("seed" + std::to_string(w++));
+          const fs::path work = dir / "work_file" / ("seed" + std::to_string(w++));
           engine_output(scratch.c_str(), 0, work.c_str(), utf8_to_sjis(word).c_str());
         }
       }
