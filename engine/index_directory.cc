@@ -39,8 +39,16 @@
 //
 // The definitions of all 0xFF entries are numbered together from 1 in the
 // order they stand; that number is what -X selects.
+//
+// Counts are read as they stand, but a damaged book cannot make a scan
+// endless: the directory is read no further than its page, and the scans
+// of entries and definitions end where the reads run off the end of the
+// book.
 #include "engine/index_directory.h"
 
+#include <algorithm>
+
+#include "engine/book_end.h"
 #include "engine/catalog.h"
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
@@ -49,6 +57,8 @@ namespace {
 
 constexpr int32_t kEntrySize = 16;
 constexpr int32_t kDirectoryHeaderSize = 16;
+// Entries the directory page holds.
+constexpr int32_t kMaxDirectoryEntries = (kPageSize - kDirectoryHeaderSize) / kEntrySize;
 constexpr int kMultiSearchDefinitions = 0xFF;
 // Components from this identifier on are indexes a search can walk.
 constexpr int kFirstIndexIdentifier = 0x80;
@@ -132,6 +142,7 @@ bool find_in_definitions(int32_t page, int32_t* number, int32_t* page_found) {
   cdseek(14, 1);
   for (int32_t d = 0; d < definitions; ++d, ++*number) {
     int components = cdgetbyte();
+    if (cdeof()) return false;
     cdseek(1 + kTitleBytes, 1);
     if (*number != engine.multi_index) {
       cdseek(kEntrySize * components, 1);
@@ -161,6 +172,7 @@ void list_definitions(int32_t page, int32_t* number) {
   cdseek(14, 1);
   for (int32_t d = 0; d < definitions; ++d) {
     int components = cdgetbyte();
+    if (cdeof()) return;
     cdseek(1, 1);
     fprintf(engine.output, "+\t\t  -X%d:\t", static_cast<int>((*number)++));
     if (engine.flags & DF_ENGLISH) {
@@ -195,11 +207,13 @@ int32_t find_index(int32_t identifier) {
   go_to_book_head();
   if (identifier < 0) return 0;
   engine.found_pages = 0;
-  int32_t entries = cdgetword();
+  int32_t entries = std::min(cdgetword(), kMaxDirectoryEntries);
   cdseek(14, 1);
   int32_t next_definition = 1;
   for (int32_t i = 0; i < entries; ++i) {
-    if (cdgetbyte() != identifier) {
+    const int entry_identifier = cdgetbyte();
+    if (cdeof()) return 0;
+    if (entry_identifier != identifier) {
       cdseek(kEntrySize - 1, 1);
       continue;
     }
@@ -231,12 +245,13 @@ void describe_index(int32_t identifier) {
 void list_indexes() {
   go_to_book_head();
   if (engine.current_file == nullptr) return;
-  int32_t entries = cdgetword();
+  int32_t entries = std::min(cdgetword(), kMaxDirectoryEntries);
   cdseek(14, 1);
   fputs("INDEX:START -  END\t内容（*:未対応）\n", engine.output);
   int32_t next_definition = 1;
   for (int32_t i = 0; i < entries; ++i) {
     int identifier = cdgetbyte();
+    if (cdeof()) return;
     fprintf(engine.output, " 0x%02X:", identifier);
     cdseek(1, 1);
     int32_t first = read_long();

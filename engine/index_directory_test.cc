@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "engine/engine.h"
 #include "engine/engine_state.h"
@@ -134,3 +135,24 @@ TEST(ListIndexes, ForwardGroupSeen) {
 }
 
 }  // namespace
+
+TEST(IndexDirectory, DamagedCountsEndWithTheBook) {
+  // A directory claiming 65535 entries, every one a 0xFF entry whose
+  // definitions stand on page 1 itself (65535 of them again), in a book of
+  // one page: the scans stop at the page's end and at the book's end.
+  std::string page(2048, '\0');
+  page[0] = page[1] = '\xFF';
+  for (int offset = 16; offset + 16 <= 2048; offset += 16) {
+    page[offset] = '\xFF';
+    page[offset + 5] = 1;  // first page 1
+  }
+  std::string path = ::testing::TempDir() + "damaged_directory";
+  std::ofstream(path, std::ios::binary) << page;
+  std::string listing = run_engine({"-N" + path, "-V"}).out;
+  size_t entries = 0;
+  for (size_t at = listing.find(" 0xFF:"); at != std::string::npos; at = listing.find(" 0xFF:", at + 1))
+    ++entries;
+  EXPECT_EQ(entries, 127u);
+  EngineRun search = run_engine({"-N" + path, "-X9999", "-M", "word"});
+  EXPECT_EQ(search.err, "");
+}

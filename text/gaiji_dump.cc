@@ -25,6 +25,7 @@
 // end of the book, so that it never reads on through failure after failure.
 #include <cstdio>
 
+#include "engine/book_end.h"
 #include "engine/engine_state.h"
 #include "engine/failure.h"
 #include "engine/file_access.h"
@@ -46,11 +47,6 @@ int next_code(int code) {
 void write_row_byte(int byte) {
   if (byte == 0) return;
   for (int bit = 0x80; bit != 0; bit >>= 1) fputc((byte & bit) ? 'O' : ' ', engine.output);
-}
-
-// True when the reads have run off the end of the book's last file.
-bool past_end_of_book() {
-  return engine.current_file == nullptr || feof(engine.current_file);
 }
 
 // Goes to the next block when the next bitmap would pass the end of this one.
@@ -85,7 +81,7 @@ void cdgaijidump() {
       for (int b = 0; b < row_bytes; ++b) write_row_byte(cdgetbyte());
       fputc('\n', engine.output);
     }
-    if (past_end_of_book()) break;
+    if (cdeof()) break;
     skip_to_block_if_full(bitmap_bytes);
   }
   fprintf(engine.output, "* GAIJI code=-%X\n", code - 1);
