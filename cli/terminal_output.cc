@@ -96,11 +96,29 @@ int close_utf8_reader(void* cookie) {
   return 0;
 }
 
+// False when `text` breaks the shape of UTF-8: a byte that cannot begin a
+// character, or a character cut short. Such text never converts, and telling
+// so here spares loading the converter for a keyword already in Shift-JIS.
+bool may_be_utf8(const std::string& text) {
+  for (size_t i = 0; i < text.size();) {
+    const unsigned char lead = static_cast<unsigned char>(text[i++]);
+    if (lead < 0x80) continue;
+    if (lead < 0xC0 || lead > 0xFD) return false;
+    size_t follow = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF8 ? 3 : lead < 0xFC ? 4 : 5;
+    for (; follow > 0; --follow, ++i) {
+      if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 bool user_locale_is_utf8() {
-  bool utf8 = setlocale(LC_ALL, "") && strcmp(nl_langinfo(CODESET), "UTF-8") == 0;
-  setlocale(LC_ALL, "C");
+  // The encoding is LC_CTYPE's alone; loading the other categories of the
+  // user's locale would only slow down every start.
+  bool utf8 = setlocale(LC_CTYPE, "") && strcmp(nl_langinfo(CODESET), "UTF-8") == 0;
+  setlocale(LC_CTYPE, "C");
   return utf8;
 }
 
@@ -135,7 +153,7 @@ std::string shift_jis_keyword(const std::string& text) {
     ascii = ascii && c < 0x80;
     halfwidth_sjis = halfwidth_sjis && (c < 0x80 || (c >= 0xA1 && c <= 0xDF));
   }
-  if (ascii || halfwidth_sjis || text[0] == '-' || text[0] == '/') return text;
+  if (ascii || halfwidth_sjis || text[0] == '-' || text[0] == '/' || !may_be_utf8(text)) return text;
   iconv_t to_sjis = iconv_open("CP932", "UTF-8");
   if (to_sjis == reinterpret_cast<iconv_t>(-1)) return text;
   // Shift-JIS never takes more bytes than UTF-8 for the same characters.

@@ -59,6 +59,7 @@ TEST(Tomeview, KeywordsTypedInUtf8BecomeShiftJis) {
   EXPECT_EQ(shift_jis_keyword("\xC3\xB7" "a"), "\xC3\xB7" "a") << "half-width kana that also reads as UTF-8";
   EXPECT_EQ(shift_jis_keyword("한글"), "한글") << "no CP932 form: unchanged";
   EXPECT_EQ(shift_jis_keyword("plain"), "plain");
+  EXPECT_EQ(shift_jis_keyword("\xE3\x81"), "\xE3\x81") << "a character cut short: unchanged";
 }
 
 TEST(Tomeview, TerminalSeesUtf8) {

@@ -183,11 +183,18 @@ int cdgetbyte() {
 int cdgetword() {
   FILE* file = engine.current_file;
   if (!file) return 0;
-  const int32_t start = cdtell();
+  // Under a table, cdtell also checks that current_file is one of its rows
+  // and reports when it is not, so it runs ahead of every read there.
+  // Without one it cannot fail, and the start is worked out only when the
+  // word is cut short: asking a stream its position is the costliest step
+  // of reading a word.
+  const bool table = engine.flags & DF_FILE_TABLE;
+  const int32_t table_start = table ? cdtell() : 0;
   const int high = fgetc(file);
   const int low = high == EOF ? EOF : fgetc(file);
   if (low != EOF) return high << 8 | low;
   // The word lies across the end of a file: read it byte by byte.
+  const int32_t start = table ? table_start : cdtell() - (high == EOF ? 0 : 1);
   cdseek(start, 0);
   const int first = cdgetbyte();
   return first << 8 | cdgetbyte();

@@ -157,7 +157,10 @@ void font_number(TextRecord* record) {
 }  // namespace
 
 void dispatch_word(TextRecord* record, int32_t word) {
-  if (attribute_code(record, word) || reference_code(record, word)) return;
+  // Attribute and reference codes are all control codes (0x1Fxx); a
+  // character need not look through their tables.
+  const bool control = (word >> 8) == 0x1F;
+  if (control && (attribute_code(record, word) || reference_code(record, word))) return;
   switch (word) {
     case 0x0000:
       end_of_data(record);

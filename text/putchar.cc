@@ -18,12 +18,28 @@ namespace {
 constexpr int32_t kFirstJis = 0x2121;
 constexpr int32_t kLastJis = 0x7E7E;
 
-// The ASCII character whose full-width form is `code`, or 0.
+// Row 0x21 (symbols) and row 0x23 (digits, letters) hold every full-width
+// form of an ASCII character.
+constexpr int32_t kAsciiRows = 3;
+
+// The ASCII character whose full-width form is `code`, or 0. Every
+// character of a half-width run asks, so ascii_to_jis is turned round once.
 uint32_t ascii_of(int32_t code) {
-  for (int c = 0x20; c <= 0x7E; ++c) {
-    if (static_cast<int32_t>(ascii_to_jis[c] & 0x7FFF) == code) return static_cast<uint32_t>(c);
-  }
-  return 0;
+  static const auto by_code = [] {
+    struct {
+      uint8_t ascii[kAsciiRows][256];  // by row - 0x21 and column; 0 for none
+    } table{};
+    // Downwards, so that the lowest character wins where two share a form.
+    for (int c = 0x7E; c >= 0x20; --c) {
+      const int32_t full = static_cast<int32_t>(ascii_to_jis[c] & 0x7FFF);
+      const int32_t row = (full >> 8) - 0x21;
+      if (row >= 0 && row < kAsciiRows) table.ascii[row][full & 0xFF] = static_cast<uint8_t>(c);
+    }
+    return table;
+  }();
+  const int32_t row = (code >> 8) - 0x21;
+  if (row < 0 || row >= kAsciiRows) return 0;
+  return by_code.ascii[row][code & 0xFF];
 }
 
 bool is_kana(int32_t code) {
