@@ -31,7 +31,7 @@ for name in $HARNESSES; do
     -artifact_prefix="$BUILD/findings/$name-" >"$log" 2>&1 || true
   after=$(ls "$BUILD/findings" | grep -c "^$name-" || true)
   runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
-  echo "fuzz_$name: ${runs:-0} executions in ${FUZZ_SECONDS}s, $((after - before)) findings (log: $log)"
+  echo "fuzz_$name: ${runs:-0} executions (limit ${FUZZ_SECONDS}s), $((after - before)) findings (log: $log)"
   [ "$after" -gt "$before" ] && status=1
 done
 exit $status
