@@ -117,7 +117,7 @@ void write_settings_seeds(const fs::path& dir) {
              "PH_SIGNS_VISIBLE=0\nLINK_VISIBLE=0\n[DICT_LIST]\nLIST_SIZE=2\n"
              "TITLE_0000=" + utf8_to_sjis("国語辞典") + "\nPATH_0000=\\SD\\epwing\\kokugo\n"
              "BOOKNUM_0000=0\nTITLE_0001=x\nPATH_0001=\\SD\\a\nBOOKNUM_0001=3\n");
-  write_seed(dir / "settings" / "seed1", "[DICT_LIST]\r\nLIST_SIZE=99999\r\n\r\n[OPTION_SETTING]\n");
+  write_seed(dir / "settings" / "seed1", "[DICT_LIST]\r\nLIST_SIZE=3\r\n\r\n[OPTION_SETTING]\n");
 }
 
 }  // namespace
