@@ -4,8 +4,7 @@
 // the prompt. The list changes in memory only: the settings file gets it
 // when the reader closes. The selection is listState 0, the one the search
 // screen uses too.
-#include <iterator>
-
+#include "app/focus_ring.h"
 #include "app/main_frame.h"
 
 namespace {
@@ -13,14 +12,6 @@ namespace {
 // The ring of KEY_NEXT_CTRL; KEY_PREV_CTRL goes round it backwards.
 constexpr int32_t kDictionaryRing[] = {FOCUS_DICT_LIST, FOCUS_BTN_ADD, FOCUS_BTN_DELETE,
                                        FOCUS_BTN_CLOSE};
-
-int32_t DictionaryRingNeighbour(int32_t id, int step) {
-  constexpr int size = static_cast<int>(std::size(kDictionaryRing));
-  int at = 0;
-  while (at < size && kDictionaryRing[at] != id) ++at;
-  if (at == size) return kDictionaryRing[0];
-  return kDictionaryRing[(at + step + size) % size];
-}
 
 }  // namespace
 
@@ -43,8 +34,8 @@ int CMainFrame::DictionaryScreenKey(uint32_t key, long) {
     LeaveDictionaryScreen();
     return 1;
   }
-  if (key == KEY_NEXT_CTRL || key == KEY_PREV_CTRL) {
-    MoveFocus(DictionaryRingNeighbour(focus, key == KEY_NEXT_CTRL ? 1 : -1));
+  if (const int step = RingStep(key)) {
+    MoveFocus(RingNeighbour(kDictionaryRing, focus, step));
     return 1;
   }
   if (key != KEY_ENTER) return 0;

@@ -8,13 +8,15 @@ int RingStep(uint32_t key) {
   return 0;
 }
 
-int32_t RingNeighbour(std::span<const int32_t> ring, int32_t id, int step) {
+int32_t RingNeighbour(std::span<const int32_t> ring, int32_t id, int step, int32_t skip) {
   const int size = static_cast<int>(ring.size());
   if (size == 0) return id;
   int at = 0;
   while (at < size && ring[at] != id) ++at;
   if (at == size) return ring[0];
-  return ring[((at + step) % size + size) % size];
+  int32_t to = ring[((at + step) % size + size) % size];
+  if (to == skip && size > 1) to = ring[((at + 2 * step) % size + size) % size];
+  return to;
 }
 
 void CMainFrame::MoveFocus(int32_t id) {

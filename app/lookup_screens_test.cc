@@ -56,6 +56,9 @@ TEST_F(FrameTest, LookupScreenRingsWrapBothWays) {
     }
   }
   EXPECT_EQ(RingNeighbour(rings[1], FOCUS_EDIT_NAME, 1), FOCUS_RESULT_LIST);
+  // A control to skip is passed over both ways.
+  EXPECT_EQ(RingNeighbour(rings[1], FOCUS_BTN_CLOSE, 1, FOCUS_RESULT_LIST), FOCUS_BTN_OPEN);
+  EXPECT_EQ(RingNeighbour(rings[1], FOCUS_BTN_OPEN, -1, FOCUS_RESULT_LIST), FOCUS_BTN_CLOSE);
 }
 
 TEST_F(FrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTheFolderHasGone) {

@@ -3,9 +3,8 @@
 // skipped while there is none), edits its name (FOCUS_EDIT_NAME) and
 // registers it or cancels. BookCandidateList keeps each book as the catalog
 // gave it; BookTitleList, at the same index, the name the user edits.
-#include <iterator>
-
 #include "app/catalog_books.h"
+#include "app/focus_ring.h"
 #include "app/main_frame.h"
 
 namespace {
@@ -16,17 +15,6 @@ constexpr unsigned kChooserPathSize = 600;
 // The ring of KEY_NEXT_CTRL; KEY_PREV_CTRL goes round it backwards.
 constexpr int32_t kRegisterRing[] = {FOCUS_BOOK_LIST, FOCUS_EDIT_NAME, FOCUS_BTN_REGISTER,
                                      FOCUS_BTN_CANCEL};
-
-// The neighbour of `id` in the ring, past the book list while it is empty.
-int32_t RegisterRingNeighbour(int32_t id, int step, bool haveBooks) {
-  constexpr int size = static_cast<int>(std::size(kRegisterRing));
-  int at = 0;
-  while (at < size && kRegisterRing[at] != id) ++at;
-  if (at == size) at = 0;
-  int32_t to = kRegisterRing[(at + step + size) % size];
-  if (to == FOCUS_BOOK_LIST && !haveBooks) to = kRegisterRing[(at + 2 * step + size) % size];
-  return to;
-}
 
 }  // namespace
 
@@ -94,7 +82,6 @@ void CMainFrame::CancelRegistering() {
 }
 
 int CMainFrame::RegisterScreenKey(uint32_t key, long) {
-  const bool haveBooks = !BookCandidateList.empty();
   if (key == KEY_EXIT || key == KEY_BACK) {
     // In the name field the key only leaves the field; the name is kept.
     if (focus == FOCUS_EDIT_NAME)
@@ -103,8 +90,10 @@ int CMainFrame::RegisterScreenKey(uint32_t key, long) {
       CancelRegistering();
     return 1;
   }
-  if (key == KEY_NEXT_CTRL || key == KEY_PREV_CTRL) {
-    MoveFocus(RegisterRingNeighbour(focus, key == KEY_NEXT_CTRL ? 1 : -1, haveBooks));
+  if (const int step = RingStep(key)) {
+    // The book list is passed over while it is empty.
+    MoveFocus(RingNeighbour(kRegisterRing, focus, step,
+                            BookCandidateList.empty() ? FOCUS_BOOK_LIST : -1));
     return 1;
   }
   if (key != KEY_ENTER) return 0;
