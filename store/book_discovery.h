@@ -11,12 +11,8 @@
 #include <cstdint>
 
 #include "engine/engine.h"
+#include "store/catalog_text.h"
 #include "store/dictionary_list.h"
-
-// An engine call of engine_catalog's shape: lists the titles of the
-// catalog under `drive` into `buffer` and returns the bytes the whole list
-// needs with its NUL (a list that does not fit leaves the buffer empty).
-using CatalogCall = int32_t (*)(const char* drive, char* buffer, int32_t size);
 
 // Appends the built-in dictionaries to `list` (empty at start) and sets
 // `builtinCount` to their number. The catalog text goes into one buffer of
