@@ -1,6 +1,8 @@
 // Runs the built epwingdict program on a key script, with its own program
-// folder (--home) and the demo card of the build unless a test names
-// another, for tests of whole walks through the reader.
+// folder (--home) and a card of its own that holds only the demo card's
+// folder epwing/plus (the sample dictionary, two books), for tests of whole
+// walks through the reader. What else the build puts on the demo card
+// (epwing/wadai holds one book or another) never shows in a test.
 #ifndef APP_EPWINGDICT_RUNNER_FOR_TEST_H_
 #define APP_EPWINGDICT_RUNNER_FOR_TEST_H_
 
@@ -12,6 +14,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "testing/temp_tree.h"
 
@@ -26,8 +29,11 @@ class EpwingdictRunner : public ::testing::Test {
     const char* bin = std::getenv("TOMEVIEW_BIN");
     if (bin == nullptr) GTEST_SKIP() << "TOMEVIEW_BIN is not set";
     program = std::filesystem::path(bin) / "epwingdict";
-    card = std::filesystem::path(bin) / ".." / "card";
     work = fresh_directory("epwingdict_runner");
+    card = work / "card";
+    std::filesystem::create_directories(card / "epwing");
+    std::filesystem::copy(std::filesystem::path(bin) / ".." / "card" / "epwing" / "plus",
+                          card / "epwing" / "plus", std::filesystem::copy_options::recursive);
   }
   // Runs the program on `script`; its exit status. The transcript and
   // standard error are left in work.
@@ -40,19 +46,24 @@ class EpwingdictRunner : public ::testing::Test {
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
-  // A card of its own holding only the demo card's folder epwing/`name`,
-  // so that the dictionary list doesn't depend on what else the build put
-  // on the demo card.
-  void UseDemoFolder(const std::string& name) {
-    const std::filesystem::path own = work / "card";
-    std::filesystem::create_directories(own / "epwing");
-    std::filesystem::copy(card / "epwing" / name, own / "epwing" / name,
-                          std::filesystem::copy_options::recursive);
-    card = own;
-  }
   std::string Transcript() const { return ReadWholeFile(work / "transcript.txt"); }
 
   std::filesystem::path program, card, work;  // the program, "\SD", the program folder
 };
+
+// Each line of `lines` stands in `transcript` as a whole line, in this
+// order; the lines between don't matter. Names the first one missing.
+inline ::testing::AssertionResult HasLinesInOrder(const std::string& transcript,
+                                                  const std::vector<std::string>& lines) {
+  size_t at = 0;
+  for (const std::string& line : lines) {
+    const size_t found = ("\n" + transcript).find("\n" + line + "\n", at);
+    if (found == std::string::npos)
+      return ::testing::AssertionFailure() << "no \"" << line << "\" after byte " << at << " of\n"
+                                           << transcript;
+    at = found + line.size() + 1;
+  }
+  return ::testing::AssertionSuccess();
+}
 
 #endif  // APP_EPWINGDICT_RUNNER_FOR_TEST_H_

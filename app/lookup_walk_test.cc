@@ -1,40 +1,17 @@
 // The walk of a lookup through the built epwingdict on the demo card.
 #include <fstream>
 #include <string>
-#include <vector>
 
 #include "app/epwingdict_runner_for_test.h"
 
 namespace {
-
-// Each line of `lines` stands in `transcript` as a whole line, in this
-// order; the lines between don't matter. Names the first one missing.
-::testing::AssertionResult HasLinesInOrder(const std::string& transcript,
-                                           const std::vector<std::string>& lines) {
-  size_t at = 0;
-  for (const std::string& line : lines) {
-    const size_t found = ("\n" + transcript).find("\n" + line + "\n", at);
-    if (found == std::string::npos)
-      return ::testing::AssertionFailure() << "no \"" << line << "\" after byte " << at << " of\n"
-                                           << transcript;
-    at = found + line.size() + 1;
-  }
-  return ::testing::AssertionSuccess();
-}
 
 // Types はな on the first dictionary, opens the first article, reads its
 // next lines, and closes.
 const char kReadFirstArticle[] =
     "KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n48\n48\nKEY_EXIT\nKEY_EXIT\nKEY_EXIT\n";
 
-// On a card that holds the sample dictionary alone.
-class LookupWalkTest : public EpwingdictRunner {
- protected:
-  void SetUp() override {
-    EpwingdictRunner::SetUp();
-    if (!IsSkipped()) UseDemoFolder("plus");
-  }
-};
+class LookupWalkTest : public EpwingdictRunner {};
 
 }  // namespace
 
