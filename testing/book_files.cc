@@ -47,7 +47,14 @@ void write_laid_out(const fs::path& root, const BookText& text, const std::vecto
     const int64_t start = int64_t{rows[row].first_page} * kPageSize;
     const int64_t end = row + 1 < rows.size() ? int64_t{rows[row + 1].first_page} * kPageSize
                                               : INT64_MAX;
+    // Sized once for the whole file rather than grown run by run.
+    int64_t last = start;
+    for (const auto& [position, run] : contents) {
+      const int64_t run_end = std::min(position + static_cast<int64_t>(run.size()), end);
+      if (position < end) last = std::max(last, run_end);
+    }
     std::string bytes;
+    bytes.reserve(static_cast<size_t>(last - start));
     for (const auto& [position, run] : contents) {
       const int64_t from = std::max(position, start);
       const int64_t to = std::min(position + static_cast<int64_t>(run.size()), end);

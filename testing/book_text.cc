@@ -31,8 +31,11 @@ int32_t BookText::add_pages(std::string_view bytes) {
 
 int32_t BookText::place(int32_t first_page, std::string_view bytes) {
   if (first_page < next_page_) throw std::invalid_argument("pages overlap earlier pages");
-  std::string pages(bytes);
-  const int32_t count = pages_for(pages.size());
+  const int32_t count = pages_for(bytes.size());
+  // Sized once: a book's areas run to many megabytes.
+  std::string pages;
+  pages.reserve(static_cast<size_t>(count * kPage));
+  pages.assign(bytes);
   pages.resize(static_cast<size_t>(count * kPage), '\0');
   pages_[first_page] = std::move(pages);
   next_page_ = first_page + count;

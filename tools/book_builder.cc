@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 #include <set>
 
 #include "testing/gaiji_writer.h"
@@ -79,9 +80,16 @@ std::vector<KeyedItem> keyed_items(const BookContent& content, const IndexKind& 
       items.push_back({std::move(key), i, alpha});
     }
   }
-  std::stable_sort(items.begin(), items.end(),
-                   [](const KeyedItem& a, const KeyedItem& b) { return a.key < b.key; });
-  return items;
+  // Sorted through their numbers, then moved into place once: moving the
+  // items themselves at each step of a merge costs more than comparing them.
+  std::vector<uint32_t> order(items.size());
+  std::iota(order.begin(), order.end(), 0u);
+  std::stable_sort(order.begin(), order.end(),
+                   [&items](uint32_t a, uint32_t b) { return items[a].key < items[b].key; });
+  std::vector<KeyedItem> sorted;
+  sorted.reserve(items.size());
+  for (uint32_t i : order) sorted.push_back(std::move(items[i]));
+  return sorted;
 }
 
 // The line of an item in a head list: the entry's head line, behind the
@@ -100,7 +108,7 @@ BodyWords head_list_line(const EntryContent& entry, const std::string* alpha) {
 
 void add_index(const BookContent& content, const IndexKind& kind,
                const std::vector<int32_t>& articles, Book& book) {
-  const std::vector<KeyedItem> items = keyed_items(content, kind);
+  std::vector<KeyedItem> items = keyed_items(content, kind);
   if (items.empty()) return;
   std::string heads;
   std::vector<int32_t> head_offsets;
@@ -113,10 +121,12 @@ void add_index(const BookContent& content, const IndexKind& kind,
   const int32_t heads_at = area_position(book.text.add_area(kind.heads, heads));
 
   std::vector<IndexLeafEntry> leaves;
+  leaves.reserve(items.size());
   for (size_t i = 0; i < items.size(); ++i) {
-    leaves.push_back({0x00, items[i].key, articles[items[i].entry], heads_at + head_offsets[i], 0});
+    leaves.push_back(
+        {0x00, std::move(items[i].key), articles[items[i].entry], heads_at + head_offsets[i], 0});
   }
-  book.text.add_area(kind.identifier, index_area(leaves, book.text.next_page()));
+  book.text.add_area(kind.identifier, index_area(std::move(leaves), book.text.next_page()));
 }
 
 // Fills in the positions of the links of `words`: the articles of their
@@ -155,6 +165,11 @@ void build_book(const BookContent& content, Book& book) {
 
   // Body text: the articles one behind the other.
   BodyWords body;
+  size_t body_size = 0;
+  for (const EntryContent& entry : content.entries) {
+    body_size += entry.head_line.bytes.size() + entry.body.bytes.size() + 4;
+  }
+  body.bytes.reserve(body_size);  // the articles of a large dictionary run to tens of megabytes
   std::vector<int32_t> articles;
   const int32_t body_at = area_position(book.text.next_page());
   std::map<std::string, int32_t> by_head;  // the first entry of each head word

@@ -29,17 +29,17 @@ std::vector<std::vector<size_t>> group_children(const std::vector<std::string>& 
 
 }  // namespace
 
-std::string index_area(const std::vector<IndexLeafEntry>& sorted, int32_t first_page) {
+std::string index_area(std::vector<IndexLeafEntry> sorted, int32_t first_page) {
   // Leaves, filled in key order.
   std::vector<std::vector<IndexLeafEntry>> leaves(1);
   size_t used = kPageHead;
-  for (const IndexLeafEntry& entry : sorted) {
+  for (IndexLeafEntry& entry : sorted) {
     const size_t size = 1 + entry.key.size() + kPositions;
     if (used + size > kPage) {
       leaves.emplace_back();
       used = kPageHead;
     }
-    leaves.back().push_back(entry);
+    leaves.back().push_back(std::move(entry));
     used += size;
   }
   std::vector<std::string> bounds;
@@ -67,6 +67,7 @@ std::string index_area(const std::vector<IndexLeafEntry>& sorted, int32_t first_
   first_of_level[0] = page;  // the leaves
 
   std::string area;
+  area.reserve((static_cast<size_t>(page - first_page) + leaves.size()) * kPage);
   for (size_t level = levels.size(); level-- > 0;) {
     for (const auto& children : levels[level]) {
       std::vector<BranchEntry> entries;

@@ -13,6 +13,7 @@
 // keys must already stand in byte order, starting at `first_page`: the root
 // branch page first, the levels below it, the leaves last. Each branch key
 // is the last key of its child, padded with zeros to the page's longest.
-std::string index_area(const std::vector<IndexLeafEntry>& sorted, int32_t first_page);
+// The entries are taken, not copied: a large book has hundreds of thousands.
+std::string index_area(std::vector<IndexLeafEntry> sorted, int32_t first_page);
 
 #endif  // TOOLS_INDEX_AREA_H_
