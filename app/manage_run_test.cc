@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/epwingdict_runner_for_test.h"
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 #include "platform/wide_string.h"
 
 namespace {

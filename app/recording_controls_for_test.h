@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/main_frame.h"
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 
 using CallLog = std::vector<std::string>;
 

@@ -6,7 +6,7 @@
 
 #include "app/frame_ids.h"
 #include "app/task_manager.h"
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 
 const KeyName kKeyNames[] = {
     {"KEY_OPTION_VALUE", KEY_OPTION_VALUE}, {"KEY_OPTION_UP", KEY_OPTION_UP},

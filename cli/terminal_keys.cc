@@ -5,7 +5,7 @@
 
 #include "app/frame_ids.h"
 #include "controls/control_keys.h"
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 
 const char kTerminalKeyHelp[] =
     "  Up / Down, PageUp / PageDown  24 / 48, 8192 / 16384: previous / next item or line\n"

@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 
 extern char** environ;
 

@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 #include "platform/file_calls.h"
 #include "platform/file_system.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 
 std::string TranscriptText(const CString& text) {
   std::u16string escaped;

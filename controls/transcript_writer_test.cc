@@ -5,8 +5,6 @@
 #include <cstdio>
 #include <string>
 
-#include "controls/utf8_text.h"
-
 namespace {
 
 TEST(TranscriptTest, LinesAndEscapes) {
@@ -25,14 +23,6 @@ TEST(TranscriptTest, LinesAndEscapes) {
             "STARTED\nBRL 辞書選択:広辞苑\nTTS 一行目\\n二行目\\n三\\t\\\\SD\\x01\nBRL \n"
             "BEEP 32\nENDED\n");
   std::free(buffer);
-}
-
-TEST(Utf8Test, RoundTripsAndReplacesBadInput) {
-  const CString text(u"かな\U00020B9F abc");
-  EXPECT_EQ(FromUtf8(ToUtf8(text)), text);
-  EXPECT_EQ(ToUtf8(CString(u"\xD800x")), "\xEF\xBF\xBDx");  // lone surrogate
-  EXPECT_EQ(FromUtf8("a\xFF\xC3"), CString(u"a\xFFFD\xFFFD"));
-  EXPECT_EQ(FromUtf8("\xC0\xAF"), CString(u"\xFFFD\xFFFD"));  // overlong
 }
 
 }  // namespace

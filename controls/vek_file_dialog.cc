@@ -7,7 +7,7 @@
 #include "controls/control_keys.h"
 #include "controls/jpn_data.h"
 #include "controls/presenter.h"
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 #include "platform/device_path.h"
 
 namespace {

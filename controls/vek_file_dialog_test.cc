@@ -10,7 +10,7 @@
 
 #include "controls/jpn_data.h"
 #include "controls/recording_presenter.h"
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 #include "platform/device_path.h"
 #include "testing/temp_tree.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "controls/recording_presenter.h"
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 #include "controls/vek_menu_ctrl.h"
 #include "controls/vek_prompt_ctrl.h"
 

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <vector>
 
+#include "platform/utf8_text.h"
+
 const char16_t kProgramFolder[] = u"\\epwingdict";
 
 namespace {
@@ -55,35 +57,6 @@ std::string PrivateTmpFolder() {
   }
   privateRuntimeFolder = folder;
   return folder;
-}
-
-std::string Utf8(const std::u16string& units) {
-  std::string out;
-  for (size_t i = 0; i < units.size(); ++i) {
-    char32_t ch = units[i];
-    if (ch >= 0xD800 && ch <= 0xDBFF && i + 1 < units.size() && units[i + 1] >= 0xDC00 &&
-        units[i + 1] <= 0xDFFF) {
-      ch = 0x10000 + ((ch - 0xD800) << 10) + (units[++i] - 0xDC00);
-    } else if (ch >= 0xD800 && ch <= 0xDFFF) {
-      ch = 0xFFFD;  // a lone surrogate names nothing on the host
-    }
-    if (ch < 0x80) {
-      out += static_cast<char>(ch);
-    } else if (ch < 0x800) {
-      out += static_cast<char>(0xC0 | (ch >> 6));
-      out += static_cast<char>(0x80 | (ch & 0x3F));
-    } else if (ch < 0x10000) {
-      out += static_cast<char>(0xE0 | (ch >> 12));
-      out += static_cast<char>(0x80 | ((ch >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (ch & 0x3F));
-    } else {
-      out += static_cast<char>(0xF0 | (ch >> 18));
-      out += static_cast<char>(0x80 | ((ch >> 12) & 0x3F));
-      out += static_cast<char>(0x80 | ((ch >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (ch & 0x3F));
-    }
-  }
-  return out;
 }
 
 bool SameIgnoringAsciiCase(const std::string& a, const std::string& b) {
@@ -153,13 +126,13 @@ std::string DeviceFolderPath(DeviceFolder folder) {
 }
 
 std::string HostPath(const CString& deviceName) {
-  std::string name = Utf8(deviceName.Units());
+  std::string name = ToUtf8(deviceName);
   std::vector<std::string> parts = SplitParts(name);
   bool absolute = !name.empty() && (name[0] == '/' || name[0] == '\\');
   std::string path = absolute ? "" : ".";
   size_t next = 0;
   if (absolute && !parts.empty()) {
-    std::string program = Utf8(kProgramFolder).substr(1);
+    std::string program = ToUtf8(CString(kProgramFolder)).substr(1);
     const DeviceFolder roots[] = {DeviceFolder::kCard, DeviceFolder::kRuntime,
                                   DeviceFolder::kConfig};
     const std::string rootNames[] = {"SD", "windows", program};

@@ -1,4 +1,4 @@
-#include "controls/utf8_text.h"
+#include "platform/utf8_text.h"
 
 namespace {
 
