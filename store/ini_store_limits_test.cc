@@ -1,41 +1,17 @@
 // IniStore over settings files of sizes no one writes by hand: a million
 // lines, a line of megabytes, bytes that are no text.
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 
-#include "platform/device_path.h"
+#include "store/settings_folder_for_test.h"
 #include "store/ini_store.h"
 
 namespace {
 
-class IniStoreLimitsTest : public testing::Test {
- protected:
-  void SetUp() override {
-    char pattern[] = "/tmp/ini_store_limits_XXXXXX";
-    folder_ = mkdtemp(pattern);
-    SetDeviceFolder(DeviceFolder::kConfig, folder_);
-  }
-  void TearDown() override {
-    SetDeviceFolder(DeviceFolder::kConfig, "");
-    std::filesystem::remove_all(folder_);
-  }
-  void WriteFile(const std::string& bytes) {
-    std::ofstream(folder_ + "/epwingdict.ini", std::ios::binary) << bytes;
-  }
-  std::string ReadFile() {
-    std::ostringstream text;
-    text << std::ifstream(folder_ + "/epwingdict.ini", std::ios::binary).rdbuf();
-    return text.str();
-  }
-
-  const CString path_ = u"\\epwingdict\\epwingdict.ini";
-  std::string folder_;
-};
+using IniStoreLimitsTest = SettingsFolderTest;
 
 }  // namespace
 

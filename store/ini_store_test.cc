@@ -1,40 +1,17 @@
 #include "store/ini_store.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
-#include "platform/device_path.h"
+#include "store/settings_folder_for_test.h"
 #include "platform/file_system.h"
 
 namespace {
 
 // The settings file lives in a fresh program folder for each test.
-class IniStoreTest : public testing::Test {
- protected:
-  void SetUp() override {
-    char pattern[] = "/tmp/ini_store_test_XXXXXX";
-    folder_ = mkdtemp(pattern);
-    SetDeviceFolder(DeviceFolder::kConfig, folder_);
-  }
-  void TearDown() override {
-    SetDeviceFolder(DeviceFolder::kConfig, "");
-    std::filesystem::remove_all(folder_);
-  }
-  void WriteFile(const std::string& text) { std::ofstream(HostFile()) << text; }
-  std::string ReadFile(const std::string& suffix = "") {
-    std::ostringstream text;
-    text << std::ifstream(HostFile() + suffix).rdbuf();
-    return text.str();
-  }
-  std::string HostFile() { return folder_ + "/epwingdict.ini"; }
-
-  const CString path_ = u"\\epwingdict\\epwingdict.ini";
-  std::string folder_;
-};
+using IniStoreTest = SettingsFolderTest;
 
 // Writing fails half-way, as on a full card.
 class FullCardFileSystem : public RealFileSystem {

@@ -1,35 +1,16 @@
 #include "store/settings_file.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
-#include "platform/device_path.h"
+#include "store/settings_folder_for_test.h"
 
 namespace {
 
-class SettingsFileTest : public testing::Test {
+class SettingsFileTest : public SettingsFolderTest {
  protected:
-  void SetUp() override {
-    char pattern[] = "/tmp/settings_file_test_XXXXXX";
-    folder_ = mkdtemp(pattern);
-    SetDeviceFolder(DeviceFolder::kConfig, folder_);
-  }
-  void TearDown() override {
-    SetDeviceFolder(DeviceFolder::kConfig, "");
-    std::filesystem::remove_all(folder_);
-  }
-  void WriteFile(const std::string& text) { std::ofstream(folder_ + "/epwingdict.ini") << text; }
-  std::string ReadFile() const {
-    std::ostringstream text;
-    text << std::ifstream(folder_ + "/epwingdict.ini").rdbuf();
-    return text.str();
-  }
-
-  std::string folder_;
   DisplayOptions options_;
   DictionaryEntryArray list_;
 };
