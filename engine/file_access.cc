@@ -47,6 +47,27 @@ int64_t row_start(const LogicalFile& row) {
   return static_cast<int64_t>(row.first_page) * kPageSize;
 }
 
+// Moves `file` to the physical position `offset` (whence 0) or `offset`
+// bytes on (whence 1) by reading through its buffer, when that lies at most
+// a page ahead. The stream library makes a system call on every seek, even
+// within its buffer, and a lookup skips forward over index entries many
+// times. False, with the stream where it was and its flags as they were,
+// when this does not apply: the caller seeks.
+bool skip_forward(FILE* file, long offset, int whence) {
+  if (feof(file) || ferror(file)) return false;
+  const long here = ftell(file);
+  const long target = whence == 1 ? here + offset : offset;
+  if (here < 0 || target < here || target - here > kPageSize) return false;
+  char passed[kPageSize];
+  const size_t wanted = static_cast<size_t>(target - here);
+  if (fread(passed, 1, wanted, file) == wanted) return true;
+  // The file ends on the way: back to where it stood, for the seek to go
+  // past its end as seeks may.
+  clearerr(file);
+  fseek(file, here, SEEK_SET);
+  return false;
+}
+
 // Moves current_file to logical position `offset` through file_table,
 // opening the row's file on first use. Gives the physical position, or -1.
 int32_t seek_in_table(int32_t offset) {
@@ -70,6 +91,7 @@ int32_t seek_in_table(int32_t offset) {
     return -1;
   }
   const long inside = static_cast<long>(offset - row_start(file));
+  if (skip_forward(file.stream, inside, 0)) return static_cast<int32_t>(inside);
   if (fseek(file.stream, inside, SEEK_SET) != 0) {
     fprintf(engine.std_out, "cdseek error on %s at %ld", file.name, static_cast<long>(offset));
     engine_fail(5);
@@ -101,7 +123,11 @@ FILE* cdopen(const char* name) {
     const char* base = strrchr(path, '/');
     if (!strchr(base ? base : path, '.')) strcat(path, ".");
   }
-  return open_book_file(path);
+  FILE* file = open_book_file(path);
+  // A stream learns its offset only from a seek; until then every position
+  // asked of it costs a system call.
+  if (file) fseek(file, 0, SEEK_SET);
+  return file;
 }
 
 void cdclose() {
@@ -142,6 +168,7 @@ int32_t cdseek(int32_t offset, int whence) {
     // Seeking no stream at all simply fails; the reads that follow report.
     FILE* file = engine.current_file;
     if (!file) return -1;
+    if (skip_forward(file, offset, whence)) return static_cast<int32_t>(ftell(file));
     long position = -1;
     if (fseek(file, offset, whence == 1 ? SEEK_CUR : SEEK_SET) == 0) position = ftell(file);
     if (position >= 0) return static_cast<int32_t>(position);
