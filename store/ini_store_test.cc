@@ -96,16 +96,18 @@ TEST_F(IniStoreTest, StaleBackupIsReplacedAndDeleted) {
 TEST_F(IniStoreTest, FailedRewritesKeepTheSettings) {
   const std::string original = "[S]\nk=1\n";
   WriteFile(original);
-  {
+  // A write of `value` through `files` in place of the real file system.
+  auto writeThrough = [this](FileSystem& files, const char16_t* value) {
     IniStore store(path_);
-    FileSystem* real = SetFileSystem(nullptr);
-    FullCardFileSystem full;
-    SetFileSystem(&full);
-    EXPECT_EQ(store.WriteValue(u"S", u"k", u"2"), -1);
+    FileSystem* real = SetFileSystem(&files);
+    const int result = store.WriteValue(u"S", u"k", value);
     SetFileSystem(real);
-    EXPECT_EQ(ReadFile(), original);
-    EXPECT_FALSE(std::filesystem::exists(HostFile() + ".BAK"));
-  }
+    return result;
+  };
+  FullCardFileSystem full;
+  EXPECT_EQ(writeThrough(full, u"2"), -1);
+  EXPECT_EQ(ReadFile(), original);
+  EXPECT_FALSE(std::filesystem::exists(HostFile() + ".BAK"));
   {
     std::filesystem::create_directory(HostFile() + ".BAK");  // a folder where the backup goes
     IniStore store(path_);
@@ -113,15 +115,9 @@ TEST_F(IniStoreTest, FailedRewritesKeepTheSettings) {
     EXPECT_EQ(ReadFile(), original);
     std::filesystem::remove(HostFile() + ".BAK");
   }
-  {
-    IniStore store(path_);
-    FileSystem* real = SetFileSystem(nullptr);
-    ReadOnlyFolderFileSystem readOnly;
-    SetFileSystem(&readOnly);
-    EXPECT_EQ(store.WriteValue(u"S", u"k", u"4"), -1);
-    SetFileSystem(real);
-    EXPECT_EQ(ReadFile(), original);
-  }
+  ReadOnlyFolderFileSystem readOnly;
+  EXPECT_EQ(writeThrough(readOnly, u"4"), -1);
+  EXPECT_EQ(ReadFile(), original);
 }
 
 TEST_F(IniStoreTest, UnopenableFileIsNotLoaded) {
