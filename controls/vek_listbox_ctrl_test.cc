@@ -10,7 +10,7 @@ namespace {
 void Fill(CVekListboxCtrl& list) {
   list.ResetContent();
   list.SetLabel(u"辞書選択:");
-  list.AddString(u"広辞苑");
+  list.AddString(u"プラス辞典");
   list.AddString(u"英和");
   list.AddString(u"漢字");
 }
@@ -21,8 +21,8 @@ TEST(ListboxTest, MovesFollowKeysAndStopAtTheEnds) {
   Fill(list);
   list.SetCurSel(0);
   list.DisplayItem(1);
-  EXPECT_EQ(out.LastBraille(), "辞書選択:広辞苑");
-  EXPECT_EQ(out.LastSpeech(), "辞書選択:広辞苑");
+  EXPECT_EQ(out.LastBraille(), "辞書選択:プラス辞典");
+  EXPECT_EQ(out.LastSpeech(), "辞書選択:プラス辞典");
 
   list.OnBrailleKeyProc(48, 0);
   EXPECT_EQ(list.GetCurSel(), 1);

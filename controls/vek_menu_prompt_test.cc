@@ -102,9 +102,9 @@ TEST(PromptTest, AnswersAndClosingKeys) {
   LanguageFileOnDisk file("yes=する\nno=しない\n");
   CVekPromptCtrl prompt;
   prompt.OpenRes(file.Name());
-  prompt.SetPrompt(u"広辞苑 を削除しますか？", 1, 0);
+  prompt.SetPrompt(u"プラス辞典 を削除しますか？", 1, 0);
   prompt.SetFocus();
-  EXPECT_EQ(out.LastSpeech(), "広辞苑 を削除しますか？ しない");
+  EXPECT_EQ(out.LastSpeech(), "プラス辞典 を削除しますか？ しない");
   EXPECT_NE(prompt.OnBrailleKey(48, 0), 0u);
   EXPECT_EQ(out.LastSpeech(), "する");
   EXPECT_EQ(prompt.OnBrailleKey(256, 0), 0u);
