@@ -30,8 +30,10 @@
 #include "store/display_options.h"
 
 // A load takes at most this many registered dictionaries, so that a
-// damaged LIST_SIZE cannot fill memory; users register a few dozen.
-constexpr int32_t kMaxStoredDictionaries = 1000;
+// damaged LIST_SIZE can neither fill memory nor make the save at closing
+// (one rewrite of the whole file per key) take minutes; users register a
+// few dozen.
+constexpr int32_t kMaxStoredDictionaries = 200;
 
 // The device name of the program's folder, without a trailing backslash:
 // what the program's own path holds before its last backslash, or "." when
