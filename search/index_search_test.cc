@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "engine/engine_state.h"
+#include "engine/file_access.h"
 #include "testing/body_text.h"
 #include "testing/book_writer.h"
 #include "testing/engine_runner.h"
@@ -232,6 +234,24 @@ TEST(IndexSearch, IndexDumpAndTextScan) {
   // The body holds 0x1F0A and 0x1F03 only, both known: nothing is asked.
   EngineRun scan = book.run({"-T"});
   EXPECT_EQ(scan.out, "ID=00, from 2(1 pages), flag=0\n1F03: 0 (2054)\n1F0A: 0 (2052)\n");
+}
+
+TEST(IndexSearch, KeysReadAcrossFileEnds) {
+  const std::filesystem::path root = fresh_directory("KeyAcross");
+  snprintf(engine.drive_path, kPathSize, "%s/", root.c_str());
+  write_book_file(root, "a", std::string(2046, '\0') + "AB");
+  write_book_file(root, "b", "CD");
+  write_book_file(root, "files.tbl", file_definition_table({{0, "a"}, {1, "b"}}));
+  engine.file_table = load_file_table((root / "files.tbl").c_str());
+  const EngineRun run = capture_engine([] {
+    cdseek(2046, 0);
+    EXPECT_EQ(cdkeycmp(4, "ABCD"), 0);
+    EXPECT_EQ(cdtell(), 2050);
+    EXPECT_EQ(cdkeycmp(1, ""), -1);  // nothing behind the last file: reads as 0
+  });
+  EXPECT_EQ(run.out, "データ読み込みに失敗しました(BYTE:pos=2050)\nerror 9.\n");
+  engine.file_table = load_file_table(nullptr);
+  engine.drive_path[0] = '\0';
 }
 
 }  // namespace
