@@ -5,7 +5,7 @@
 #include "app/frame_fixture_for_test.h"
 #include "app/notify_beep.h"
 #include "controls/jpn_data.h"
-#include "testing/book_writer.h"
+#include "tools/book_writer.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "app/frame_fixture_for_test.h"
-#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
+#include "tools/book_writer.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "testing/book_writer.h"
-#include "testing/jis_text.h"
 #include "tools/book_builder.h"
+#include "tools/book_writer.h"
 #include "tools/edict_import.h"
+#include "tools/jis_text.h"
 #include "tools/source_reader.h"
 #include "tools/tree_output.h"
 

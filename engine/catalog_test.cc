@@ -7,10 +7,11 @@
 
 #include "engine/engine.h"
 #include "engine/file_access.h"
-#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
-#include "testing/jis_text.h"
 #include "testing/temp_tree.h"
+#include "testing/utf8_literal.h"
+#include "tools/book_writer.h"
+#include "tools/jis_text.h"
 
 namespace {
 

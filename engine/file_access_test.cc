@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "engine/find_file.h"
-#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
+#include "tools/book_writer.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "engine/file_access.h"
-#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
+#include "tools/book_writer.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "engine/engine.h"
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
-#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
+#include "tools/book_writer.h"
 
 namespace {
 

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "platform/device_path.h"
-#include "testing/body_text.h"
-#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
-#include "testing/index_tree_writer.h"
-#include "testing/jis_text.h"
 #include "testing/temp_tree.h"
+#include "tools/body_text.h"
+#include "tools/book_writer.h"
+#include "tools/index_tree_writer.h"
+#include "tools/jis_text.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/engine_state.h"
-#include "testing/body_text.h"
+#include "testing/body_file.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 // a number, and a marker fed back as the next argument.
 #include <gtest/gtest.h>
 
-#include "testing/body_text.h"
-#include "testing/book_writer.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
+#include "tools/body_text.h"
+#include "tools/book_writer.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
-#include "testing/body_text.h"
+#include "testing/body_file.h"
 #include "text/decoder.h"
 
 namespace {

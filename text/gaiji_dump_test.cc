@@ -3,8 +3,8 @@
 #include <fstream>
 
 #include "testing/engine_runner.h"
-#include "testing/gaiji_writer.h"
-#include "testing/index_directory_writer.h"
+#include "tools/gaiji_writer.h"
+#include "tools/index_directory_writer.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include "engine/engine_state.h"
 #include "testing/engine_runner.h"
-#include "testing/gaiji_writer.h"
 #include "text/gaiji.h"
+#include "tools/gaiji_writer.h"
 
 namespace {
 

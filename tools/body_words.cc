@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "search/search_key.h"
-#include "testing/body_text.h"
 #include "text/ascii_to_jis.h"
+#include "tools/body_text.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <set>
 
-#include "testing/gaiji_writer.h"
+#include "tools/gaiji_writer.h"
 #include "tools/index_area.h"
 #include "tools/index_keys.h"
 

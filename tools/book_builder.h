@@ -3,8 +3,8 @@
 #ifndef TOOLS_BOOK_BUILDER_H_
 #define TOOLS_BOOK_BUILDER_H_
 
-#include "testing/book_writer.h"
 #include "tools/book_content.h"
+#include "tools/book_writer.h"
 
 // Puts `content` into `book`'s text, areas in this order:
 //   0x00 body text: one record an entry, its head line, its lines, 0x1F03

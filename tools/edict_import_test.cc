@@ -5,10 +5,11 @@
 #include <fstream>
 
 #include "testing/engine_runner.h"
-#include "testing/jis_text.h"
 #include "testing/temp_tree.h"
+#include "testing/utf8_literal.h"
 #include "tools/book_builder.h"
 #include "tools/edict_import.h"
+#include "tools/jis_text.h"
 #include "tools/tree_output.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "testing/index_tree_writer.h"
+#include "tools/index_tree_writer.h"
 
 // The pages of a plain index (leaf identifier 0x80) over `sorted`, whose
 // keys must already stand in byte order, starting at `first_page`: the root

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "testing/jis_text.h"
+#include "tools/jis_text.h"
 
 namespace {
 

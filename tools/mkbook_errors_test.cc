@@ -7,9 +7,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "testing/jis_text.h"
 #include "testing/temp_tree.h"
 #include "tools/book_builder.h"
+#include "tools/jis_text.h"
 #include "tools/source_reader.h"
 #include "tools/tree_output.h"
 

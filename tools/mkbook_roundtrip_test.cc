@@ -5,9 +5,10 @@
 #include <regex>
 
 #include "testing/engine_runner.h"
-#include "testing/jis_text.h"
 #include "testing/temp_tree.h"
+#include "testing/utf8_literal.h"
 #include "tools/book_builder.h"
+#include "tools/jis_text.h"
 #include "tools/source_reader.h"
 #include "tools/tree_output.h"
 

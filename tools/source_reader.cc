@@ -7,7 +7,7 @@
 
 #include <strings.h>
 
-#include "testing/jis_text.h"
+#include "tools/jis_text.h"
 #include "tools/markup.h"
 
 namespace {

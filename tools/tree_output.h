@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "testing/book_writer.h"
+#include "tools/book_writer.h"
 
 // Writes `tree` into a new folder beside `target` and renames it to
 // `target` when every file is written. An existing `target` must be empty

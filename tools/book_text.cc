@@ -1,7 +1,7 @@
-// BookText: the logical address space of a test book.
+// BookText: the logical address space of a book.
 #include <stdexcept>
 
-#include "testing/book_writer.h"
+#include "tools/book_writer.h"
 
 namespace {
 

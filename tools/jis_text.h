@@ -1,14 +1,10 @@
-// Japanese text for test books and expected output: UTF-8 written in the
-// source, turned into the two encodings books and the engine use.
-#ifndef TESTING_JIS_TEXT_H_
-#define TESTING_JIS_TEXT_H_
+// Japanese text for books: UTF-8 as sources hold it, turned into the two
+// encodings books and the engine use.
+#ifndef TOOLS_JIS_TEXT_H_
+#define TOOLS_JIS_TEXT_H_
 
 #include <string>
 #include <string_view>
-
-// A u8"..." literal as std::string: how code whose plain literals are
-// Shift-JIS (the engine's tests) still spells UTF-8 text.
-inline std::string utf8(std::u8string_view text) { return std::string(text.begin(), text.end()); }
 
 // Shift-JIS (code page 932) bytes of a UTF-8 text, as the engine writes
 // them. Throws std::invalid_argument for a character it lacks.
@@ -24,4 +20,4 @@ std::string utf8_to_jis(std::string_view utf8);
 // engine's jis_to_sjis over the 94 x 94 set.
 int sjis_to_jis(int first, int second);
 
-#endif  // TESTING_JIS_TEXT_H_
+#endif  // TOOLS_JIS_TEXT_H_

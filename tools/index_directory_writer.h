@@ -1,7 +1,7 @@
-// Bytes of the index directory of a test book: the directory page and the
+// Bytes of the index directory of a book: the directory page and the
 // pages of multi-search definitions it points at (big-endian, as in books).
-#ifndef TESTING_INDEX_DIRECTORY_WRITER_H_
-#define TESTING_INDEX_DIRECTORY_WRITER_H_
+#ifndef TOOLS_INDEX_DIRECTORY_WRITER_H_
+#define TOOLS_INDEX_DIRECTORY_WRITER_H_
 
 #include <cstdint>
 #include <string>
@@ -27,4 +27,4 @@ std::string index_directory_page(const std::vector<AreaEntry>& entries);
 // padded to whole pages.
 std::string multi_search_page(const std::vector<MultiSearchDefinition>& definitions);
 
-#endif  // TESTING_INDEX_DIRECTORY_WRITER_H_
+#endif  // TOOLS_INDEX_DIRECTORY_WRITER_H_

@@ -1,4 +1,4 @@
-#include "testing/book_writer.h"
+#include "tools/book_writer.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "engine/catalog.h"
-#include "testing/jis_text.h"
 #include "testing/temp_tree.h"
+#include "tools/jis_text.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "testing/jis_text.h"
+#include "tools/jis_text.h"
 
 #include <iconv.h>
 
@@ -47,9 +47,7 @@ std::string utf8_to_sjis(std::string_view utf8) {
   const size_t result = iconv(convert, &in, &in_left, &out, &out_left);
   iconv_close(convert);
   if (result == static_cast<size_t>(-1)) {
-    // Often a plain literal in code built for Shift-JIS literals.
-    throw std::invalid_argument("not UTF-8 or not in code page 932 (write utf8(u8\"...\")): " +
-                                std::string(utf8));
+    throw std::invalid_argument("not UTF-8 or not in code page 932: " + std::string(utf8));
   }
   sjis.resize(sjis.size() - out_left);
   return sjis;

@@ -1,4 +1,4 @@
-#include "testing/gaiji_writer.h"
+#include "tools/gaiji_writer.h"
 
 namespace {
 

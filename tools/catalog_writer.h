@@ -7,8 +7,8 @@
 //     zeros: 164 or 40 bytes a record.
 //   Encyclopedia ("catalog/catalog1", "catalog/title1"):
 //     6 bytes of zeros, then one title of 80 bytes.
-#ifndef TESTING_CATALOG_WRITER_H_
-#define TESTING_CATALOG_WRITER_H_
+#ifndef TOOLS_CATALOG_WRITER_H_
+#define TOOLS_CATALOG_WRITER_H_
 
 #include <cstdint>
 #include <string>
@@ -25,10 +25,10 @@ struct CatalogRecord {
 };
 
 // The catalog of an EPWING or Electronic Book tree; `count` is the number
-// stored, which tests may set apart from the records given. For the
+// stored, which may differ from the records given (a damaged catalog). For the
 // encyclopedia only the first record's title is used. Throws
 // std::invalid_argument for a title or directory that doesn't fit.
 std::string catalog_bytes(BookType type, const std::vector<CatalogRecord>& records,
                           uint16_t count);
 
-#endif  // TESTING_CATALOG_WRITER_H_
+#endif  // TOOLS_CATALOG_WRITER_H_

@@ -1,7 +1,7 @@
-// Bytes of external-character files for tests: definition files (-G, -H)
-// and bitmap areas (-#, -$).
-#ifndef TESTING_GAIJI_WRITER_H_
-#define TESTING_GAIJI_WRITER_H_
+// Bytes of external-character files: definition files (-G, -H) and bitmap
+// areas (-#, -$, and the font area of a built book).
+#ifndef TOOLS_GAIJI_WRITER_H_
+#define TOOLS_GAIJI_WRITER_H_
 
 #include <string>
 #include <vector>
@@ -28,4 +28,4 @@ struct FontArea {
 // that starts on a page boundary; padded to whole pages.
 std::string font_area_bytes(const FontArea& area);
 
-#endif  // TESTING_GAIJI_WRITER_H_
+#endif  // TOOLS_GAIJI_WRITER_H_

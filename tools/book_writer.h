@@ -6,8 +6,8 @@
 //   Book& book = tree.add_book("日本語の辞書", "JITEN");
 //   int32_t body = book.text.add_area(0x00, body_bytes);
 //   tree.write(root);   // root/catalogs, root/JITEN/data/honmon
-#ifndef TESTING_BOOK_WRITER_H_
-#define TESTING_BOOK_WRITER_H_
+#ifndef TOOLS_BOOK_WRITER_H_
+#define TOOLS_BOOK_WRITER_H_
 
 #include <cstdint>
 #include <deque>
@@ -18,8 +18,8 @@
 #include <string_view>
 #include <vector>
 
-#include "testing/catalog_writer.h"
-#include "testing/index_directory_writer.h"
+#include "tools/catalog_writer.h"
+#include "tools/index_directory_writer.h"
 
 // How names are written. Discs copied to disk keep their upper-case names
 // and version suffixes, which the engine must find all the same.
@@ -122,4 +122,4 @@ class BookTree {
   std::deque<Book> books;
 };
 
-#endif  // TESTING_BOOK_WRITER_H_
+#endif  // TOOLS_BOOK_WRITER_H_

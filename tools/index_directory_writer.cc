@@ -1,4 +1,4 @@
-#include "testing/index_directory_writer.h"
+#include "tools/index_directory_writer.h"
 
 namespace {
 

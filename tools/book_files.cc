@@ -1,4 +1,4 @@
-// Writing a test book's files: names styled as on a disc, and a logical
+// Writing a book's files: names styled as on a disc, and a logical
 // address space laid over the files of a layout.
 #include <algorithm>
 #include <cctype>
@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "engine/file_access.h"
-#include "testing/book_writer.h"
+#include "tools/book_writer.h"
 
 namespace fs = std::filesystem;
 

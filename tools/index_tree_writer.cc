@@ -1,4 +1,4 @@
-#include "testing/index_tree_writer.h"
+#include "tools/index_tree_writer.h"
 
 #include <algorithm>
 #include <stdexcept>

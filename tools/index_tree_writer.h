@@ -1,11 +1,11 @@
-// Bytes of a search index for test books: branch pages over leaf pages, in
-// the plain layout or with group entries (both group-search layouts), the
-// one place where the test side writes index pages.
+// Bytes of a search index: branch pages over leaf pages, in the plain
+// layout or with group entries (both group-search layouts), the one place
+// where index pages are written.
 //
 //   std::vector<IndexLeafEntry> entries = {{0x00, jis("はな"), text, head}};
 //   book.text.add_area(0x90, index_tree(entries, book.text.next_page(), shape));
-#ifndef TESTING_INDEX_TREE_WRITER_H_
-#define TESTING_INDEX_TREE_WRITER_H_
+#ifndef TOOLS_INDEX_TREE_WRITER_H_
+#define TOOLS_INDEX_TREE_WRITER_H_
 
 #include <cstdint>
 #include <string>
@@ -57,4 +57,4 @@ std::string leaf_page(const std::vector<IndexLeafEntry>& entries, LeafLayout lay
 std::string branch_page(const std::vector<BranchEntry>& entries, int key_length,
                         int identifier = 0x00);
 
-#endif  // TESTING_INDEX_TREE_WRITER_H_
+#endif  // TOOLS_INDEX_TREE_WRITER_H_

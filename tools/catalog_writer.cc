@@ -1,4 +1,4 @@
-#include "testing/catalog_writer.h"
+#include "tools/catalog_writer.h"
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
-// BookTree: the catalog and the books of a test tree.
-#include "testing/book_writer.h"
+// BookTree: the catalog and the books of a tree.
+#include "tools/book_writer.h"
 
-#include "testing/jis_text.h"
+#include "tools/jis_text.h"
 
 Book& BookTree::add_book(std::string title, std::string directory) {
   books.push_back({std::move(title), std::move(directory), {}});
