@@ -47,9 +47,11 @@
 //   4       2     offset in the page
 #include "search/index_search.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
+#include "engine/book_end.h"
 #include "engine/engine_state.h"
 #include "engine/failure.h"
 #include "engine/file_access.h"
@@ -64,6 +66,14 @@ constexpr int kNextPage = 2;
 constexpr int kMaxWalkDepth = 16;
 // Page visits when the area's size is not known.
 constexpr int32_t kUnknownAreaVisits = 4096;
+// The most entries a page can hold behind its four header bytes, for
+// entries of at least `entry_size` bytes. A damaged count claims up to
+// 65535; the loops go no further than the page.
+constexpr int most_entries(int entry_size) { return (kPageSize - 4) / entry_size; }
+// The smallest entries: a plain leaf entry with an empty key (13 bytes), a
+// group-search member of the even layout (type byte and TEXT).
+constexpr int kSmallestPlainEntry = 13;
+constexpr int kSmallestGroupEntry = 7;
 
 int32_t area_first_page;
 int32_t area_last_page;  // 0: not known
@@ -111,13 +121,16 @@ void report_bad_entry(int32_t page, int32_t at, int type) {
   engine_fail(22);
 }
 
+// The walks of the pages stop (0) when a read runs off the end of the book:
+// all that follows would read as zeros, failure after failure.
 int walk_branch() {
   int n = cdgetbyte();
-  int count = cdgetword();
+  int count = std::min(cdgetword(), most_entries(n + 4));
   trace_count(count);
   for (int i = 0; i < count; ++i) {
     int r = cdkeycmp(n, engine.normalized_key);
     engine.saved_position = read_page_number();
+    if (cdeof()) return 0;
     if (r > 1) continue;
     int32_t resume = cdtell();
     if (cdwalk(engine.saved_position) == 0) return 0;
@@ -128,11 +141,12 @@ int walk_branch() {
 
 int walk_plain_leaf() {
   cdgetbyte();
-  int count = cdgetword();
+  int count = std::min(cdgetword(), most_entries(kSmallestPlainEntry));
   trace_count(count);
   for (int i = 0; i < count; ++i) {
     int n = cdgetbyte();
     int r = cdkeycmp(n, engine.normalized_key);
+    if (cdeof()) return 0;
     if (r > 0) {
       cdseek(12, 1);
     } else if (r == 0) {
@@ -170,11 +184,12 @@ int walk_group_leaf(int32_t page, int* g) {
   const bool synonym = engine.flags & DF_SYNONYM_INDEX;
   const bool odd = engine.index_id & 1;
   cdgetbyte();
-  int count = cdgetword();
+  int count = std::min(cdgetword(), most_entries(kSmallestGroupEntry));
   trace_count(count);
   for (int i = 0; i < count; ++i) {
     int32_t at = cdtell();
     int type = cdgetbyte();
+    if (cdeof()) return 0;
     if (engine.flags & DF_TRACE) fprintf(engine.output, "%02X:%ld ", type, static_cast<long>(at));
     if (type == 0x00) {
       if (engine.candidate_count != 0) cdheadlist();
@@ -256,6 +271,7 @@ int walk_pages(int32_t page) {
     --visits_left;
     cdseekpage(page);
     int identifier = cdgetbyte();
+    if (cdeof()) return 0;
     if (engine.flags & DF_TRACE)
       fprintf(engine.output, "Page %ld, ID=%02X\n", static_cast<long>(page), identifier);
     if ((identifier & 0x9F) == 0x00) return walk_branch();

@@ -1,0 +1,52 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "testing/engine_runner.h"
+#include "testing/temp_tree.h"
+#include "testing/utf8_literal.h"
+#include "tools/book_writer.h"
+#include "tools/index_tree_writer.h"
+
+namespace {
+
+int count_of(const std::string& text, const std::string& part) {
+  int count = 0;
+  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+// Searches あ in a book whose one index (0x91) is `page` with its count set
+// to 65535; the page is the last of the book, cut to `length` bytes.
+EngineRun search_damaged_page(std::string page, size_t length = 2048) {
+  const std::filesystem::path root = fresh_directory("walk_counts");
+  BookTree tree;
+  Book& book = tree.add_book(utf8(u8"辞書"), "JITEN");
+  page[2] = page[3] = '\xFF';
+  book.text.add_area(0x91, page);
+  tree.write(root);
+  std::filesystem::resize_file(root / tree.text_path(book), 2048 + length);
+  return run_engine({"-D" + root.string(), "-K0x91", "あ"});
+}
+
+TEST(IndexWalk, DamagedCountsStayOnThePageAndInTheBook) {
+  // Branch entries under the lowest key, which every search passes over:
+  // the walk reads no further than the page, and beyond it every entry
+  // would fail on its own.
+  const std::string branch = branch_page(std::vector<BranchEntry>(340, {"\x21\x21", 2}), 2);
+  EXPECT_EQ(search_damaged_page(branch).out, "");
+  // The file ends a little way into a page: the walk stops behind the
+  // first entry whose reads fail (each failed read of a byte or a word
+  // reports) instead of going on through the count.
+  for (int identifier : {0x00, 0x80, 0x90}) {
+    std::string page = identifier == 0x00 ? branch : std::string(2048, '\0');
+    page[0] = static_cast<char>(identifier);
+    const std::string out = search_damaged_page(page, 100).out;
+    EXPECT_GE(count_of(out, "error 9.\n"), 1) << identifier;
+    EXPECT_LE(count_of(out, "error 9.\n"), 6) << identifier;
+  }
+}
+
+}  // namespace
