@@ -1,8 +1,10 @@
 // fuzz_seeds DIR: writes the seed corpora of the harnesses into DIR/book,
-// DIR/settings and DIR/work_file, from books made by the test helpers: each book
-// with body text, head lines, menu, notice, indexes of both leaf layouts,
-// a multi-search definition and a font, in every book type.
+// DIR/work_file, DIR/settings and DIR/app_keys: books made by the test
+// helpers (each with body text, head lines, menu, notice, indexes of both
+// leaf layouts, a multi-search definition and a font, in every book type),
+// work files of lookups in them, settings files, and key scripts.
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -10,13 +12,15 @@
 
 #include "engine/engine.h"
 #include "fuzz/book_input.h"
-#include "testing/body_text.h"
-#include "testing/book_writer.h"
-#include "testing/gaiji_writer.h"
-#include "testing/index_directory_writer.h"
-#include "testing/index_tree_writer.h"
-#include "testing/jis_text.h"
+#include "fuzz/key_input.h"
 #include "testing/temp_tree.h"
+#include "testing/utf8_literal.h"
+#include "tools/body_text.h"
+#include "tools/book_writer.h"
+#include "tools/gaiji_writer.h"
+#include "tools/index_directory_writer.h"
+#include "tools/index_tree_writer.h"
+#include "tools/jis_text.h"
 
 namespace fs = std::filesystem;
 
@@ -120,6 +124,35 @@ void write_settings_seeds(const fs::path& dir) {
   write_seed(dir / "settings" / "seed1", "[DICT_LIST]\r\nLIST_SIZE=3\r\n\r\n[OPTION_SETTING]\n");
 }
 
+// Key scripts through the reader on the demo card: a lookup with its
+// article and candidates, the menu and the settings screen, and the
+// registration of a book through the folder chooser, then its deletion.
+void write_key_seeds(const fs::path& dir) {
+  const char* const scripts[] = {
+      "KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n48\nKEY_BACK\n"
+      "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\nKEY_MENU\n48\nKEY_ENTER\nKEY_ENTER\n"
+      "KEY_BACK\nKEY_BACK\nKEY_EXIT\n",
+      "KEY_MENU\n74\n74\n48\nKEY_OPTION_VALUE\nKEY_NEXT_CTRL\n48\nKEY_NEXT_CTRL\n"
+      "KEY_NEXT_CTRL\nKEY_ENTER\nKEY_EDIT_POPUP\ncursor 3\nmute 1\nsetting 2 1\nKEY_EXIT\n",
+      "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\nKEY_NEXT_CTRL\nKEY_ENTER\n"
+      "choose plus\nKEY_OPTION_DOWN\nKEY_ENTER\n32768\ntext ・改\nKEY_ENTER\nKEY_EXIT\n"
+      "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n48\n48\nKEY_NEXT_CTRL\n"
+      "KEY_NEXT_CTRL\nKEY_ENTER\n48\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n",
+      "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\nKEY_NEXT_CTRL\nKEY_ENTER\n"
+      "24\n256\n24\n88\n88\n218\nKEY_PREV_CTRL\nKEY_EXIT\n",
+  };
+  int n = 0;
+  for (const char* script : scripts) {
+    std::vector<TaskAction> actions;
+    std::string error;
+    if (!ParseTaskScript(script, actions, error)) {
+      fprintf(stderr, "fuzz_seeds: key seed %d: %s\n", n, error.c_str());
+      exit(1);
+    }
+    write_seed(dir / "app_keys" / ("seed" + std::to_string(n++)), encode_key_input(actions));
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -130,5 +163,6 @@ int main(int argc, char** argv) {
   const fs::path dir = argv[1];
   write_book_seeds(dir, fresh_directory("fuzz_seeds"));
   write_settings_seeds(dir);
+  write_key_seeds(dir);
   return 0;
 }

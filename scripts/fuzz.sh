@@ -10,7 +10,7 @@ set -e
 BUILD=${BUILD:-build-fuzz}
 FUZZ_SECONDS=${FUZZ_SECONDS:-60}
 FUZZ_TIMEOUT=${FUZZ_TIMEOUT:-20}
-HARNESSES=${*:-"book settings work_file"}
+HARNESSES=${*:-"book settings work_file app_keys"}
 
 sh scripts/install-deps.sh clang-14 libclang-rt-14-dev python3
 [ -f "$BUILD/CMakeCache.txt" ] ||
