@@ -9,6 +9,7 @@
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
 #include "testing/engine_runner.h"
+#include "testing/temp_tree.h"
 #include "tools/book_writer.h"
 
 namespace {
@@ -22,7 +23,7 @@ std::string write_tree(const std::string& name, const BookText& text, bool engli
   BookTree tree;
   tree.english = english;
   tree.add_book("A", "BOOK").text = text;
-  std::string root = ::testing::TempDir() + name;
+  std::string root = scratch_path(name);
   std::filesystem::remove_all(root);
   tree.write(root);
   return root;
@@ -146,7 +147,7 @@ TEST(IndexDirectory, DamagedCountsEndWithTheBook) {
     page[offset] = '\xFF';
     page[offset + 5] = 1;  // first page 1
   }
-  std::string path = ::testing::TempDir() + "damaged_directory";
+  std::string path = scratch_path("damaged_directory");
   std::ofstream(path, std::ios::binary) << page;
   std::string listing = run_engine({"-N" + path, "-V"}).out;
   size_t entries = 0;

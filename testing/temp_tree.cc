@@ -2,9 +2,21 @@
 
 #include <unistd.h>
 
+namespace {
+
+std::filesystem::path private_folder() {
+  return std::filesystem::temp_directory_path() / ("tomeview-" + std::to_string(getpid()));
+}
+
+}  // namespace
+
+std::string scratch_path(const std::string& name) {
+  std::filesystem::create_directories(private_folder());
+  return (private_folder() / name).string();
+}
+
 std::filesystem::path fresh_directory(const std::string& name) {
-  const std::filesystem::path path = std::filesystem::temp_directory_path() /
-                                     ("tomeview-" + std::to_string(getpid())) / name;
+  const std::filesystem::path path = private_folder() / name;
   std::filesystem::remove_all(path);
   std::filesystem::create_directories(path);
   return path;

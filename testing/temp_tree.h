@@ -9,4 +9,9 @@
 // private to this process; whatever stood there before is removed.
 std::filesystem::path fresh_directory(const std::string& name);
 
+// A path of this name in the same private folder, for a scratch file; the
+// folder exists, the name itself is not touched. Tests running side by side
+// in other processes never share it.
+std::string scratch_path(const std::string& name);
+
 #endif  // TESTING_TEMP_TREE_H_

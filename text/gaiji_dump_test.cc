@@ -3,13 +3,14 @@
 #include <fstream>
 
 #include "testing/engine_runner.h"
+#include "testing/temp_tree.h"
 #include "tools/gaiji_writer.h"
 #include "tools/index_directory_writer.h"
 
 namespace {
 
 std::string write_file(const std::string& name, const std::string& bytes) {
-  std::string path = ::testing::TempDir() + name;
+  std::string path = scratch_path(name);
   std::ofstream(path, std::ios::binary) << bytes;
   return path;
 }
@@ -58,7 +59,7 @@ TEST(GaijiDump, PlainFileOption) {
   std::string plain = write_file("font_plain", font_area_bytes({16, 16, 0xA121, 0, {}}));
   EXPECT_EQ(run_engine({"-$" + plain}).out,
             "* GAIJI width=16, hight=16, code=A121-, 0 chars* GAIJI code=-A120\n");
-  EngineRun missing = run_engine({"-$" + ::testing::TempDir() + "no_font"});
+  EngineRun missing = run_engine({"-$" + scratch_path("no_font")});
   EXPECT_EQ(missing.out, "外字ファイルがみつかりません\nerror 25.\n");
   EXPECT_NE(missing.err.find("no_font: "), std::string::npos);
   EXPECT_EQ(run_engine({"-$"}).out, "");

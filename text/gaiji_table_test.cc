@@ -4,13 +4,14 @@
 
 #include "engine/engine_state.h"
 #include "testing/engine_runner.h"
+#include "testing/temp_tree.h"
 #include "text/gaiji.h"
 #include "tools/gaiji_writer.h"
 
 namespace {
 
 std::string write_file(const std::string& name, const std::string& bytes) {
-  std::string path = ::testing::TempDir() + name;
+  std::string path = scratch_path(name);
   std::ofstream(path, std::ios::binary) << bytes;
   return path;
 }
@@ -62,7 +63,7 @@ TEST_F(GaijiTables, WalkStopsAtTheEndOfAFileWithoutEndRecord) {
 
 TEST_F(GaijiTables, LoadFailures) {
   std::string good = write_file("good.dmp", gaiji_definition_file({{0xA121, "X"}}));
-  std::string missing = ::testing::TempDir() + "missing.dmp";
+  std::string missing = scratch_path("missing.dmp");
   EngineRun run = capture_engine([&] {
     cdgaijiload(good.c_str(), &engine.gaiji_table);
     EXPECT_EQ(cdgaijiload(missing.c_str(), &engine.gaiji_table), empty_gaiji_table);
