@@ -33,6 +33,7 @@
 
 #include <cstring>
 
+#include "engine/book_end.h"
 #include "engine/engine_state.h"
 #include "engine/failure.h"
 #include "engine/file_access.h"
@@ -129,6 +130,7 @@ const char* open_catalog(int32_t book) {
   const int title_size = ebook ? 30 : 80;
   for (int32_t number = 0; number < count; ++number) {
     read_title(title_size);
+    if (cdeof()) break;  // the count claims more records than the catalog holds
     if (listing) capture_title(engine.catalog_title);
     if (encyclopedia) {
       cdclose();

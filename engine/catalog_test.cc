@@ -107,6 +107,21 @@ TEST_F(Catalogs, BookNumbersAndDirectories) {
   EXPECT_TRUE(engine.flags & DF_EBOOK);
 }
 
+TEST_F(Catalogs, DamagedBookCountEndsAtTheCatalogsEnd) {
+  BookTree tree(BookType::kEpwing);
+  tree.add_book(utf8(u8"辞書"), "JITEN");
+  tree.stored_count = 65535;
+  write(tree, "CountDamaged");
+  const std::string out = capture_engine([] { EXPECT_EQ(open_catalog(-1), nullptr); }).out;
+  EXPECT_EQ(out.substr(0, 6 + 80 + 9), "-B0 ; " + listed("辞書", 80) + " : JITEN\n");
+  // The second record's title is the first read to fail, and the last.
+  EXPECT_EQ(out.find("-B1"), std::string::npos);
+  size_t failures = 0;
+  for (size_t at = out.find("error 9."); at != std::string::npos; at = out.find("error 9.", at + 1))
+    ++failures;
+  EXPECT_LE(failures, 80u);  // one title of 80 bytes, each failing on its own
+}
+
 TEST_F(Catalogs, MissingCatalogAndDrive) {
   const std::string failure1 =
       "CD-ROM のドライブを設定してください\n（環境変数 CDDRIVE、もしくは -D オプション）\nerror 1.\n";
