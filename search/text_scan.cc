@@ -85,16 +85,17 @@ void cdtextscan(int32_t identifier) {
     code_operands[0xE0] = encyclopedia ? 0 : 1;
   }
 
-  const int32_t end = (page + engine.index_pages - 1) * kPageSize;
-  for (int32_t budget = engine.index_pages * 1024 - 1; budget > 0;) {
+  // A damaged directory may place the area past every 32-bit position.
+  const int64_t end = (int64_t{page} + engine.index_pages - 1) * kPageSize;
+  for (int64_t budget = int64_t{engine.index_pages} * 1024 - 1; budget > 0;) {
     int32_t at = cdtell();
     int word = cdgetword();
     --budget;
     if (word >= 0x2000) continue;
     if (engine.current_file == nullptr || feof(engine.current_file)) {
-      int32_t left = end - at;
-      fprintf(engine.std_err, "End of file, %ld(%ld page)left.\n", static_cast<long>(left),
-              static_cast<long>(left / kPageSize));
+      const int64_t left = end - at;
+      fprintf(engine.std_err, "End of file, %lld(%lld page)left.\n", static_cast<long long>(left),
+              static_cast<long long>(left / kPageSize));
       break;
     }
     if (word == 0) continue;

@@ -1,0 +1,30 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "testing/engine_runner.h"
+#include "testing/temp_tree.h"
+#include "testing/utf8_literal.h"
+#include "tools/book_writer.h"
+
+namespace {
+
+// The scan's end is worked out from the directory's page numbers, which a
+// damaged book may set near 2^31: it reads what the file holds and tells
+// how much of the area was left, in pages beyond any 32-bit position.
+TEST(TextScan, AreaBeyondEveryPosition) {
+  const std::filesystem::path root = fresh_directory("scan_far_area");
+  BookTree tree;
+  Book& book = tree.add_book(utf8(u8"辞書"), "JITEN");
+  book.text.add_area(0x01, std::string(16, '\0'));
+  book.text.add_entry({0x00, 2, 0x7FFFFFF0});
+  tree.write(root);
+  const EngineRun run = run_engine({"-D" + root.string(), "-T"});
+  const std::string failed_read = "データ読み込みに失敗しました(BYTE:pos=4096)\nerror 9.\n";
+  EXPECT_EQ(run.out, "ID=00, from 2(2147483632 pages), flag=0\n" + failed_read + failed_read);
+  // (2 + 2147483632 - 1) * 2048 - 4096 bytes
+  EXPECT_EQ(run.err, "End of file, 4398046476288(2147483631 page)left.\n");
+}
+
+}  // namespace
