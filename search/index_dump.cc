@@ -4,6 +4,7 @@
 // wrong in the book to standard error, so that the tables stay readable.
 #include <cstring>
 
+#include "engine/book_end.h"
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
 #include "engine/index_directory.h"
@@ -119,6 +120,7 @@ void cdindexdump(int32_t identifier) {
   for (; engine.index_pages-- > 0; ++page) {
     cdseekpage(page);
     int kind = cdgetbyte();
+    if (cdeof()) break;  // a damaged page count may reach far past the book
     fprintf(engine.output, "Page %ld, i=%02X", static_cast<long>(page), kind);
     if ((kind & 0x9F) == 0x00) {
       dump_branch(page);

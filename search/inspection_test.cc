@@ -10,18 +10,26 @@
 
 namespace {
 
-// The scan's end is worked out from the directory's page numbers, which a
-// damaged book may set near 2^31: it reads what the file holds and tells
-// how much of the area was left, in pages beyond any 32-bit position.
-TEST(TextScan, AreaBeyondEveryPosition) {
+// Areas whose page count in the directory is near 2^31, far beyond the
+// book's one page: the dumps read what the file holds and stop.
+TEST(Inspection, AreaBeyondEveryPosition) {
   const std::filesystem::path root = fresh_directory("scan_far_area");
   BookTree tree;
   Book& book = tree.add_book(utf8(u8"辞書"), "JITEN");
   book.text.add_area(0x01, std::string(16, '\0'));
   book.text.add_entry({0x00, 2, 0x7FFFFFF0});
+  book.text.add_entry({0x91, 2, 0x7FFFFFF0});
   tree.write(root);
-  const EngineRun run = run_engine({"-D" + root.string(), "-T"});
+  const std::string dir = "-D" + root.string();
+  // The index dump shows the one page there is, an empty branch page,
+  // and stops at the failed read of the next.
   const std::string failed_read = "データ読み込みに失敗しました(BYTE:pos=4096)\nerror 9.\n";
+  EXPECT_EQ(run_engine({dir, "-K0x91", "-Q"}).out,
+            "Page 2, i=00, length=0, num=0\n" + failed_read);
+
+  // The scan's end is worked out from the directory's page numbers: it
+  // tells how much of the area was left, beyond any 32-bit position.
+  const EngineRun run = run_engine({dir, "-T"});
   EXPECT_EQ(run.out, "ID=00, from 2(2147483632 pages), flag=0\n" + failed_read + failed_read);
   // (2 + 2147483632 - 1) * 2048 - 4096 bytes
   EXPECT_EQ(run.err, "End of file, 4398046476288(2147483631 page)left.\n");
