@@ -14,6 +14,8 @@
 
 namespace {
 
+// Each dump of a page stops behind the first entry read past the end of the
+// book: a damaged count claims up to 65535 entries.
 void dump_branch(int32_t page) {
   int n = cdgetbyte();
   int count = cdgetword();
@@ -29,6 +31,7 @@ void dump_branch(int32_t page) {
       fprintf(engine.std_err, "%s has same entry in page %ld\n", key, static_cast<long>(page));
     memcpy(previous, key, static_cast<size_t>(n) + 1);
     has_previous = true;
+    if (cdeof()) return;
   }
 }
 
@@ -44,6 +47,7 @@ void dump_plain_leaf() {
   for (int i = 0; i < count; ++i) {
     cdshowkey(cdgetbyte());
     dump_positions();
+    if (cdeof()) return;
   }
 }
 
@@ -101,6 +105,7 @@ void dump_group_leaf(int32_t page, char* head_key, int* members_left) {
               static_cast<long>(at), type);
       return;  // the rest of the page can't be told apart
     }
+    if (cdeof()) return;
   }
   if (*members_left != 0) fputs("次ページに継続します\n", engine.output);
 }

@@ -27,6 +27,21 @@ TEST(Inspection, AreaBeyondEveryPosition) {
   EXPECT_EQ(run_engine({dir, "-K0x91", "-Q"}).out,
             "Page 2, i=00, length=0, num=0\n" + failed_read);
 
+  // A page of the dump ends with the book, whatever count it claims: here
+  // the 341st entry is the first to run off the end.
+  const std::filesystem::path far_root = fresh_directory("dump_far_count");
+  BookTree far_tree;
+  far_tree.add_book(utf8(u8"辞書"), "JITEN")
+      .text.add_area(0x91, std::string("\x00\x02\xFF\xFF", 4) + std::string(2044, '\x21'));
+  far_tree.write(far_root);
+  const std::string far = run_engine({"-D" + far_root.string(), "-K0x91", "-Q"}).out;
+  size_t failures = 0;
+  for (size_t at = far.find("error 9."); at != std::string::npos; at = far.find("error 9.", at + 1))
+    ++failures;
+  EXPECT_EQ(far.rfind("Page 2, i=00, length=2, num=65535\n", 0), 0u);
+  EXPECT_GE(failures, 1u);
+  EXPECT_LE(failures, 4u);
+
   // The scan's end is worked out from the directory's page numbers: it
   // tells how much of the area was left, beyond any 32-bit position.
   const EngineRun run = run_engine({dir, "-T"});
