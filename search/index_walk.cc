@@ -48,6 +48,7 @@
 #include "search/index_search.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 
@@ -292,7 +293,9 @@ int walk_pages(int32_t page) {
 void set_walk_area(int32_t first_page, int32_t page_count) {
   area_first_page = first_page;
   if (page_count > 0) {
-    area_last_page = first_page + page_count - 1;
+    // A damaged count may reach past the last 32-bit page number.
+    area_last_page = static_cast<int32_t>(
+        std::min<int64_t>(int64_t{first_page} + page_count - 1, INT32_MAX));
     // A walk reaches a page at most once from each level above it.
     visits_left = page_count < (1 << 20) / kMaxWalkDepth ? page_count * kMaxWalkDepth + kMaxWalkDepth
                                                           : 1 << 20;

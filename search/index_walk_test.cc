@@ -7,8 +7,10 @@
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
 #include "testing/utf8_literal.h"
+#include "tools/body_text.h"
 #include "tools/book_writer.h"
 #include "tools/index_tree_writer.h"
+#include "tools/jis_text.h"
 
 namespace {
 
@@ -47,6 +49,25 @@ TEST(IndexWalk, DamagedCountsStayOnThePageAndInTheBook) {
     EXPECT_GE(count_of(out, "error 9.\n"), 1) << identifier;
     EXPECT_LE(count_of(out, "error 9.\n"), 6) << identifier;
   }
+}
+
+// An index whose directory entry claims 2^31 - 1 pages is searched as far
+// as the book goes (its last page number once overflowed, and no page was
+// in the area).
+TEST(IndexWalk, AreaCountToTheLastPageNumber) {
+  const std::filesystem::path root = fresh_directory("walk_far_area");
+  BookTree tree;
+  Book& book = tree.add_book(utf8(u8"辞書"), "JITEN");
+  const int32_t body = book.text.add_area(0x00, BodyText().text(u8"花").code(0x1F0A).code(0x1F03).data());
+  const int32_t text = (body - 1) * 2048;
+  const int32_t index = book.text.add_pages(
+      index_tree({{0x00, utf8_to_jis(utf8(u8"花")), text, text}}, book.text.next_page()));
+  book.text.add_entry({0x91, index, 0x7FFFFFFF});
+  tree.write(root);
+  // The walk goes on behind the hit to the page after the tree, the end.
+  EXPECT_EQ(run_engine({"-D" + root.string(), "-K0x91", "花"}).out,
+            "花\n\n<次項目:" + std::to_string(text + 6) + ">\n\n" +
+                "データ読み込みに失敗しました(BYTE:pos=8192)\nerror 9.\n");
 }
 
 }  // namespace
