@@ -39,7 +39,11 @@ class EpwingdictRunner : public ::testing::Test {
   // standard error are left in work.
   int Run(const std::string& script) {
     std::ofstream(work / "script.txt") << script;
-    const std::string command = program.string() + " --keys " + (work / "script.txt").string() +
+    // The work file of a lookup lives in the runtime folder: a private one
+    // per run, so runs side by side never read each other's results.
+    std::filesystem::create_directories(work / "run" / "epwingdict");
+    const std::string command = "XDG_RUNTIME_DIR=" + (work / "run").string() + " " +
+                                program.string() + " --keys " + (work / "script.txt").string() +
                                 " --card " + card.string() + " --home " + work.string() +
                                 " --transcript " + (work / "transcript.txt").string() + " 2>" +
                                 (work / "stderr.txt").string();

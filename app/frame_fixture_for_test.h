@@ -25,6 +25,8 @@ class FrameTest : public ::testing::Test {
     home = fresh_directory("frame_test_home");
     SetDeviceFolder(DeviceFolder::kCard, card.string());
     SetDeviceFolder(DeviceFolder::kConfig, home.string());
+    // The work file of a lookup stays private to this process.
+    SetDeviceFolder(DeviceFolder::kRuntime, fresh_directory("frame_test_run").string());
     taskManager.AddTranscript(&transcript);
     app.frame = std::make_unique<CMainFrame>();
     UseRecordingControls(*app.frame, log);
@@ -35,6 +37,7 @@ class FrameTest : public ::testing::Test {
     app.frame.reset();
     SetDeviceFolder(DeviceFolder::kCard, "");
     SetDeviceFolder(DeviceFolder::kConfig, "");
+    SetDeviceFolder(DeviceFolder::kRuntime, "");
     std::fclose(stream);
     std::free(buffer);
   }
