@@ -1,0 +1,12 @@
+# The libraries above the engine, in both builds (the main one and fuzz/),
+# each after its own `bookengine`.
+# mkbook's builder of books: the byte writers of catalogs, text files, index
+# trees and font areas, and the source and EDICT readers over them.
+subsystem_library(booktools FOLDERS tools DEPENDS bookengine)
+# Test fixtures: the engine run with captured streams, scratch folders.
+subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine)
+subsystem_library(platform FOLDERS platform)
+subsystem_library(store FOLDERS store DEPENDS platform bookengine)
+subsystem_library(results FOLDERS results DEPENDS platform bookengine)
+subsystem_library(controls FOLDERS controls DEPENDS platform)
+subsystem_library(app FOLDERS app DEPENDS controls results store platform)
