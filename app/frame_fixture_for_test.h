@@ -13,8 +13,8 @@
 
 #include "app/reader_app.h"
 #include "app/recording_controls_for_test.h"
-#include "app/task_manager.h"
-#include "controls/recording_presenter.h"
+#include "taskman/task_manager.h"
+#include "testing/recording_presenter.h"
 #include "platform/device_path.h"
 #include "testing/temp_tree.h"
 

@@ -2,7 +2,7 @@
 #include <fstream>
 #include <string>
 
-#include "app/epwingdict_runner_for_test.h"
+#include "testing/epwingdict_runner.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-#include "app/epwingdict_runner_for_test.h"
+#include "testing/epwingdict_runner.h"
 #include "platform/utf8_text.h"
 #include "platform/wide_string.h"
 

@@ -17,13 +17,13 @@
 #include <vector>
 
 #include "app/reader_app.h"
-#include "app/task_manager.h"
-#include "app/task_script.h"
-#include "cli/terminal_keys.h"
-#include "controls/espeak_presenter.h"
+#include "taskman/task_manager.h"
+#include "taskman/task_script.h"
+#include "taskman/terminal_keys.h"
+#include "speech/espeak_presenter.h"
 #include "controls/language_file.h"
 #include "controls/presenter_pair.h"
-#include "controls/transcript_writer.h"
+#include "terminal/transcript_writer.h"
 #include "platform/device_path.h"
 
 namespace {

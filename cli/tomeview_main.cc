@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/terminal_output.h"
+#include "terminal/terminal_output.h"
 #include "engine/engine.h"
 #include "engine/engine_state.h"
 

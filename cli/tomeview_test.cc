@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "cli/terminal_output.h"
+#include "terminal/terminal_output.h"
 #include "testing/engine_runner.h"
 
 namespace {

@@ -4,9 +4,16 @@
 # trees and font areas, and the source and EDICT readers over them.
 subsystem_library(booktools FOLDERS tools DEPENDS bookengine)
 # Test fixtures: the engine run with captured streams, scratch folders.
-subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine)
+# and a presenter that records what the controls present.
+subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine controls terminal)
 subsystem_library(platform FOLDERS platform)
 subsystem_library(store FOLDERS store DEPENDS platform bookengine)
 subsystem_library(results FOLDERS results DEPENDS platform bookengine)
 subsystem_library(controls FOLDERS controls DEPENDS platform)
 subsystem_library(app FOLDERS app DEPENDS controls results store platform)
+# The outside world at the edge: the terminal's lines, speech, and the
+# stand-in for the device's task manager that starts the reader and hands it
+# keys from a script or the keyboard.
+subsystem_library(terminal FOLDERS terminal DEPENDS controls platform)
+subsystem_library(speech FOLDERS speech DEPENDS controls platform)
+subsystem_library(taskman FOLDERS taskman DEPENDS app terminal)

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "controls/recording_presenter.h"
+#include "testing/recording_presenter.h"
 
 namespace {
 

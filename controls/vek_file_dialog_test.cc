@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "controls/jpn_data.h"
-#include "controls/recording_presenter.h"
+#include "testing/recording_presenter.h"
 #include "platform/utf8_text.h"
 #include "platform/device_path.h"
 #include "testing/temp_tree.h"

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "controls/recording_presenter.h"
+#include "testing/recording_presenter.h"
 #include "platform/utf8_text.h"
 #include "controls/vek_menu_ctrl.h"
 #include "controls/vek_prompt_ctrl.h"

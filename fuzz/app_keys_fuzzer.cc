@@ -21,8 +21,8 @@
 
 #include "app/main_frame.h"
 #include "app/reader_app.h"
-#include "app/task_manager.h"
-#include "app/task_script.h"
+#include "taskman/task_manager.h"
+#include "taskman/task_script.h"
 #include "fuzz/key_input.h"
 #include "platform/device_path.h"
 #include "platform/window.h"

@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-#include "app/task_script.h"
+#include "taskman/task_script.h"
 
 // The actions of `data`.
 std::vector<TaskAction> decode_key_input(const uint8_t* data, size_t size);

@@ -1,11 +1,11 @@
-#include "app/task_script.h"
+#include "taskman/task_script.h"
 
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
 
 #include "app/frame_ids.h"
-#include "app/task_manager.h"
+#include "taskman/task_manager.h"
 #include "platform/utf8_text.h"
 
 const KeyName kKeyNames[] = {

@@ -1,8 +1,8 @@
 // What stands between the engine's Shift-JIS and a Linux terminal whose
 // locale is UTF-8. Pipes and files never go through this: they get the
 // engine's bytes unchanged.
-#ifndef CLI_TERMINAL_OUTPUT_H_
-#define CLI_TERMINAL_OUTPUT_H_
+#ifndef TERMINAL_TERMINAL_OUTPUT_H_
+#define TERMINAL_TERMINAL_OUTPUT_H_
 
 #include <cstdio>
 #include <string>
@@ -28,4 +28,4 @@ FILE* open_utf8_reader(FILE* terminal);
 // pass through.
 std::string shift_jis_keyword(const std::string& text);
 
-#endif  // CLI_TERMINAL_OUTPUT_H_
+#endif  // TERMINAL_TERMINAL_OUTPUT_H_

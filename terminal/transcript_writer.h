@@ -10,8 +10,8 @@
 // A line break inside a text is written "\n" (CR LF, CR and LF alike), a
 // tab "\t", another control character below U+0020 "\xHH", and a
 // backslash "\\", so that each event stays on one line.
-#ifndef CONTROLS_TRANSCRIPT_WRITER_H_
-#define CONTROLS_TRANSCRIPT_WRITER_H_
+#ifndef TERMINAL_TRANSCRIPT_WRITER_H_
+#define TERMINAL_TRANSCRIPT_WRITER_H_
 
 #include <cstdio>
 #include <string>
@@ -50,4 +50,4 @@ class TranscriptPresenter : public Presenter {
   TranscriptWriter& writer_;  // the caller's
 };
 
-#endif  // CONTROLS_TRANSCRIPT_WRITER_H_
+#endif  // TERMINAL_TRANSCRIPT_WRITER_H_

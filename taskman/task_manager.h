@@ -4,13 +4,13 @@
 // keys as WM_VEK_KEY_IN, cursor-routing keys as WM_VEK_CURSOR_IN, typed
 // text as Japanese text data by WM_COPYDATA, device settings and mute. It
 // writes what it is told (STARTED, ENDED, BEEP <code>) to the transcripts.
-#ifndef APP_TASK_MANAGER_H_
-#define APP_TASK_MANAGER_H_
+#ifndef TASKMAN_TASK_MANAGER_H_
+#define TASKMAN_TASK_MANAGER_H_
 
 #include <cstdint>
 #include <vector>
 
-#include "controls/transcript_writer.h"
+#include "terminal/transcript_writer.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
 
@@ -51,4 +51,4 @@ class CTaskManagerWnd : public CWnd {
   bool ended_ = false;                           // WM_VEK_APP_ENDED has come
 };
 
-#endif  // APP_TASK_MANAGER_H_
+#endif  // TASKMAN_TASK_MANAGER_H_

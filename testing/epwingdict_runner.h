@@ -3,8 +3,8 @@
 // folder epwing/plus (the sample dictionary, two books), for tests of whole
 // walks through the reader. What else the build puts on the demo card
 // (epwing/wadai holds one book or another) never shows in a test.
-#ifndef APP_EPWINGDICT_RUNNER_FOR_TEST_H_
-#define APP_EPWINGDICT_RUNNER_FOR_TEST_H_
+#ifndef TESTING_EPWINGDICT_RUNNER_H_
+#define TESTING_EPWINGDICT_RUNNER_H_
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -70,4 +70,4 @@ inline ::testing::AssertionResult HasLinesInOrder(const std::string& transcript,
   return ::testing::AssertionSuccess();
 }
 
-#endif  // APP_EPWINGDICT_RUNNER_FOR_TEST_H_
+#endif  // TESTING_EPWINGDICT_RUNNER_H_

@@ -1,4 +1,4 @@
-#include "cli/terminal_output.h"
+#include "terminal/terminal_output.h"
 
 #include <iconv.h>
 #include <langinfo.h>

@@ -1,6 +1,6 @@
-#include "controls/recording_presenter.h"
+#include "testing/recording_presenter.h"
 
-#include "controls/transcript_writer.h"
+#include "terminal/transcript_writer.h"
 
 void RecordingPresenter::ShowBraille(const CString& line) {
   events_.push_back("BRL " + TranscriptText(line));

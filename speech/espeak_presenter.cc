@@ -1,4 +1,4 @@
-#include "controls/espeak_presenter.h"
+#include "speech/espeak_presenter.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -10,8 +10,8 @@
 //   choose <folder>             answers the open folder chooser: the folder,
 //                               relative to the one in view or a device
 //                               name from "\", typed, then KEY_ENTER
-#ifndef APP_TASK_SCRIPT_H_
-#define APP_TASK_SCRIPT_H_
+#ifndef TASKMAN_TASK_SCRIPT_H_
+#define TASKMAN_TASK_SCRIPT_H_
 
 #include <cstdint>
 #include <string>
@@ -45,4 +45,4 @@ bool ParseTaskScript(const std::string& script, std::vector<TaskAction>& actions
 // Hands one action to the task manager.
 void PerformTaskAction(CTaskManagerWnd& taskManager, const TaskAction& action);
 
-#endif  // APP_TASK_SCRIPT_H_
+#endif  // TASKMAN_TASK_SCRIPT_H_

@@ -1,8 +1,8 @@
 // A presenter that keeps what it is given, in order, for tests: each event
 // as the transcript line it would make ("BRL ...", "TTS ..."), and a stop
 // of speech as "STOP".
-#ifndef CONTROLS_RECORDING_PRESENTER_H_
-#define CONTROLS_RECORDING_PRESENTER_H_
+#ifndef TESTING_RECORDING_PRESENTER_H_
+#define TESTING_RECORDING_PRESENTER_H_
 
 #include <string>
 #include <vector>
@@ -38,4 +38,4 @@ class ScopedRecordingPresenter : public RecordingPresenter {
   Presenter* previous_;  // restored at the end of the scope
 };
 
-#endif  // CONTROLS_RECORDING_PRESENTER_H_
+#endif  // TESTING_RECORDING_PRESENTER_H_

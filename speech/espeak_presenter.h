@@ -2,8 +2,8 @@
 // Each utterance is a child process started without a shell, the text its
 // last argument. Braille is not this presenter's business: pair it with a
 // transcript (controls/presenter_pair.h).
-#ifndef CONTROLS_ESPEAK_PRESENTER_H_
-#define CONTROLS_ESPEAK_PRESENTER_H_
+#ifndef SPEECH_ESPEAK_PRESENTER_H_
+#define SPEECH_ESPEAK_PRESENTER_H_
 
 #include <sys/types.h>
 
@@ -32,4 +32,4 @@ class EspeakPresenter : public Presenter {
   bool available_ = true;  // false once espeak-ng could not be started
 };
 
-#endif  // CONTROLS_ESPEAK_PRESENTER_H_
+#endif  // SPEECH_ESPEAK_PRESENTER_H_

@@ -18,14 +18,14 @@
 //   Backspace / Delete             64 / 4096  delete before / at the cursor
 //   Ctrl-D                         leave at once, nothing saved
 //   anything printable (UTF-8)     typed text, as Japanese text data
-#ifndef CLI_TERMINAL_KEYS_H_
-#define CLI_TERMINAL_KEYS_H_
+#ifndef TASKMAN_TERMINAL_KEYS_H_
+#define TASKMAN_TERMINAL_KEYS_H_
 
 #include <string>
 
 #include <termios.h>
 
-#include "app/task_script.h"
+#include "taskman/task_script.h"
 
 // The key map above, for --help.
 extern const char kTerminalKeyHelp[];
@@ -59,4 +59,4 @@ class TerminalKeys {
   bool ended_ = false;      // no more input
 };
 
-#endif  // CLI_TERMINAL_KEYS_H_
+#endif  // TASKMAN_TERMINAL_KEYS_H_

@@ -1,4 +1,4 @@
-#include "app/task_manager.h"
+#include "taskman/task_manager.h"
 
 #include "app/notify_beep.h"
 #include "app/reader_app.h"

@@ -1,4 +1,4 @@
-#include "cli/terminal_keys.h"
+#include "taskman/terminal_keys.h"
 
 #include <poll.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "controls/transcript_writer.h"
+#include "terminal/transcript_writer.h"
 
 #include <cstdio>
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "app/epwingdict_runner_for_test.h"
-#include "app/task_script.h"
+#include "testing/epwingdict_runner.h"
+#include "taskman/task_script.h"
 
 namespace {
 
