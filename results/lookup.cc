@@ -25,6 +25,32 @@ std::vector<char> ToMultiByte(const CString& text) {
   return bytes;
 }
 
+// The engine reads an argument that starts with '-' or '/' as an option
+// ("--" as its prompt loop on standard input), and one that starts with a
+// digit as a position in the book. A word is always a search: such a first
+// character goes in its full-width form (Shift-JIS), which the search key
+// rules turn into the very JIS code of the ASCII one, so the search finds
+// what the word would. A typed number is a word too: a byte position means
+// nothing to a reader, and one picked at random decodes into garbage.
+void MakeSearchArgument(std::vector<char>& word) {
+  const char first = word[0];
+  char fullWidth[2];
+  if (first == '-') {
+    fullWidth[0] = '\x81';
+    fullWidth[1] = '\x7C';  // －
+  } else if (first == '/') {
+    fullWidth[0] = '\x81';
+    fullWidth[1] = '\x5E';  // ／
+  } else if (first >= '0' && first <= '9') {
+    fullWidth[0] = '\x82';
+    fullWidth[1] = static_cast<char>(0x4F + (first - '0'));  // ０ to ９
+  } else {
+    return;
+  }
+  word[0] = fullWidth[1];
+  word.insert(word.begin(), fullWidth[0]);
+}
+
 // All bytes of an open file from its start.
 std::string ReadAll(FILE* file) {
   std::string bytes;
@@ -45,6 +71,7 @@ int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
   std::string folder = HostPath(path);
   if (engine_catalog(folder.c_str(), nullptr, 0) <= 1) return -1;
   std::vector<char> key = ToMultiByte(word);
+  MakeSearchArgument(key);
   DeleteFileW(kWorkFileName);  // the engine appends: only this run's text may be there
   engine_output(folder.c_str(), bookNumber, HostPath(kWorkFileName).c_str(), key.data());
   LoadBrailleGaiji(path, gaiji);

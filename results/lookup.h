@@ -18,7 +18,8 @@
 extern const char16_t kWorkFileName[];
 
 // Looks `word` up in book `bookNumber` of the folder `path` (a device
-// name). Empties `articles` and `candidates` first in every case. Returns
+// name). The word is always a search, whatever it begins with: never an
+// option of the engine, its prompt loop, nor a position in the book. Empties `articles` and `candidates` first in every case. Returns
 // -1, with `gaiji` and the work file untouched and the engine not run,
 // when the folder holds no catalog; otherwise 0, whatever was found.
 int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,

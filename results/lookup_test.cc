@@ -27,7 +27,7 @@ class LookupTest : public testing::Test {
     Book& book = tree.add_book("辞書", "JITEN");
     BodyText body, heads;
     std::vector<IndexLeafEntry> entries;
-    for (const std::u8string word : {u8"山", u8"山川", u8"川", u8"日"}) {
+    for (const std::u8string word : {u8"－山", u8"／川", u8"１２日", u8"山", u8"山川", u8"川", u8"日"}) {
       entries.push_back({0, utf8_to_jis(std::string(word.begin(), word.end())), body.size(),
                          heads.size(), 0});
       body.text(word).code(0x1F0A).code(0x1F03);
@@ -82,6 +82,34 @@ TEST_F(LookupTest, HitCandidatesGaijiTableAndMissingFolder) {
   EXPECT_TRUE(articles_.empty());
   EXPECT_TRUE(candidates_.empty());
   EXPECT_EQ(gaiji_.size(), 1u);
+}
+
+// A word that the engine would take for an option, its prompt loop or a
+// position is a search, and finds what the typed word names.
+TEST_F(LookupTest, AWordIsNeverAnOptionNorAPosition) {
+  const std::filesystem::path scratch = fresh_directory("lookup_scratch");
+  const std::string x = (scratch / "x").string();
+  const std::string y = (scratch / "y").string();
+  const std::string z = (scratch / "z").string();
+  // Standard input holds what the prompt loop would run.
+  EngineCapture capture("-O" + z + "\n-C\n");
+  for (const std::string& word : {"-O" + x, "/O" + y, std::string("--"), std::string("-V")}) {
+    EXPECT_EQ(LookupWord(u"\\SD\\dict", 0, CString(word.c_str()), articles_, candidates_, gaiji_), 0);
+    EXPECT_TRUE(articles_.empty()) << word;
+  }
+  const EngineRun run = capture.finish();
+  EXPECT_TRUE(std::filesystem::is_empty(scratch));
+  EXPECT_EQ(run.out.find("TOMEVIEW>"), std::string::npos);
+
+  const struct {
+    const char16_t* typed;
+    const char16_t* found;
+  } words[] = {{u"-山", u"－山"}, {u"/川", u"／川"}, {u"12日", u"１２日"}, {u"１２日", u"１２日"}};
+  for (const auto& word : words) {
+    ASSERT_EQ(Lookup(u"\\SD\\dict", word.typed), 0);
+    ASSERT_EQ(articles_.size(), 1u);
+    EXPECT_EQ(articles_[0].head, CString(word.found));
+  }
 }
 
 }  // namespace

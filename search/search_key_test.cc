@@ -133,6 +133,26 @@ TEST(SearchKey, SymbolsEnglishAndEncyclopedia) {
   expect_cases(cases, std::size(cases));
 }
 
+// The reader hands a word whose first character is '-', '/' or a digit to
+// the engine in that character's full-width form, so that it is a search:
+// both forms must make the same keys and choose the same index, on each
+// index family.
+TEST(SearchKey, FullWidthFirstCharactersMakeTheKeysOfTheirAscii) {
+  const char* const pairs[][2] = {
+      {"-a", "\x81\x7C" "a"}, {"/O/x", "\x81\x5E" "O/x"}, {"--", "\x81\x7C" "-"},
+      {"0x", "\x82\x4F" "x"}, {"9\x82\xA0", "\x82\x58\x82\xA0"}, {"-\x82\xA0", "\x81\x7C\x82\xA0"},
+  };
+  for (const auto& pair : pairs) {
+    for (int32_t index_id : {-1, -2, 0x91}) {
+      const Prepared ascii = prepare(pair[0], index_id);
+      const Prepared full_width = prepare(pair[1], index_id);
+      EXPECT_EQ(ascii.search, full_width.search) << pair[0];
+      EXPECT_EQ(ascii.normalized, full_width.normalized) << pair[0];
+      EXPECT_EQ(ascii.index_id, full_width.index_id) << pair[0];
+    }
+  }
+}
+
 TEST(SearchKey, BadKeysReportTheirNumber) {
   const char* message = "検索文字列に不当な文字があります\n";
   EXPECT_EQ(prepare("[", -1).out, std::string(message) + "error 21.\n");

@@ -35,17 +35,19 @@ class EpwingdictRunner : public ::testing::Test {
     std::filesystem::copy(std::filesystem::path(bin) / ".." / "card" / "epwing" / "plus",
                           card / "epwing" / "plus", std::filesystem::copy_options::recursive);
   }
-  // Runs the program on `script`; its exit status. The transcript and
-  // standard error are left in work.
-  int Run(const std::string& script) {
+  // Runs the program on `script`, with `input` as its standard input; its
+  // exit status. The transcript and standard error are left in work.
+  int Run(const std::string& script, const std::string& input = "") {
     std::ofstream(work / "script.txt") << script;
+    std::ofstream(work / "stdin.txt") << input;
     // The work file of a lookup lives in the runtime folder: a private one
     // per run, so runs side by side never read each other's results.
     std::filesystem::create_directories(work / "run" / "epwingdict");
     const std::string command = "XDG_RUNTIME_DIR=" + (work / "run").string() + " " +
                                 program.string() + " --keys " + (work / "script.txt").string() +
                                 " --card " + card.string() + " --home " + work.string() +
-                                " --transcript " + (work / "transcript.txt").string() + " 2>" +
+                                " --transcript " + (work / "transcript.txt").string() + " <" +
+                                (work / "stdin.txt").string() + " 2>" +
                                 (work / "stderr.txt").string();
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
