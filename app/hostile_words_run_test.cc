@@ -23,11 +23,15 @@ class HostileWordsRunTest : public EpwingdictRunner {
     EXPECT_TRUE(HasLinesInOrder(Transcript(), {"TTS 検索開始", "ENDED"}));
   }
 
-  const std::filesystem::path scratch = work / "scratch";
+  // A folder of the run's own, made once SetUp has chosen work.
+  std::filesystem::path Scratch() {
+    std::filesystem::create_directories(work / "scratch");
+    return work / "scratch";
+  }
 };
 
 TEST_F(HostileWordsRunTest, TypedOptionsAndThePromptLoopAreSearches) {
-  std::filesystem::create_directories(scratch);
+  const std::filesystem::path scratch = Scratch();
   // Standard input holds what the engine's prompt loop would run.
   const std::string input = "-O" + (scratch / "z").string() + "\n-C\n";
   TypeAndLookUp("-O" + (scratch / "x").string(), input);
@@ -39,7 +43,7 @@ TEST_F(HostileWordsRunTest, TypedOptionsAndThePromptLoopAreSearches) {
 }
 
 TEST_F(HostileWordsRunTest, ACandidateThatLooksLikeAnOptionIsASearch) {
-  std::filesystem::create_directories(scratch);
+  const std::filesystem::path scratch = Scratch();
   const std::string target = (scratch / "y").string();
   // A book of two words whose second head line is "○/O<target>", the
   // path in a half-width run so that it comes out as ASCII.
