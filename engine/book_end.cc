@@ -1,7 +1,8 @@
 #include "engine/book_end.h"
 
-#include <cstdio>
+#include "engine/file_access.h"
 
-#include "engine/engine_state.h"
-
-int cdeof() { return engine.current_file == nullptr || feof(engine.current_file) ? 1 : 0; }
+int cdeof() {
+  const BookReader* reader = current_reader();
+  return reader == nullptr || reader->at_end ? 1 : 0;
+}

@@ -64,6 +64,32 @@ struct LogicalFile {
   FILE* stream;        // the file while open, else null
 };
 
+// Bytes of one block of a book file as read and kept, and the blocks kept.
+// A block starts at a multiple of its size in its file.
+constexpr int kBlockSize = 4096;
+constexpr int kBlockCount = 8;
+
+// A block of a book file, kept while the run reads on, so that going back
+// to a page (an index page between the articles it leads to) reads nothing.
+struct BookBlock {
+  FILE* file;          // the file it was read from; null when the slot is free
+  int64_t start;       // offset of its first byte in the file
+  int32_t length;      // bytes it holds: kBlockSize, fewer where the file ends
+  uint32_t last_use;   // use count at its last use; the least recent goes first
+  unsigned char bytes[kBlockSize];  // the file's bytes from start on
+};
+
+// Where the reading of a book file stands. Book files are read by block at
+// an offset (pread), never through their streams, so these stand for the
+// stream's own position and flags.
+struct BookReader {
+  FILE* file;       // the file described; another current_file stands at its start
+  int64_t offset;   // offset in the file of the next byte to read
+  bool at_end;      // the last read ran past the file's end (as feof); a seek clears it
+  bool failed;      // a read failed (as ferror)
+  BookBlock* block; // the block read last, tried first
+};
+
 // Where engine_catalog collects the titles of a -C listing.
 struct CaptureBuffer {
   char* buffer;  // caller's buffer, not owned; null when no capture runs
@@ -85,7 +111,10 @@ struct EngineState {
   const unsigned char* gaiji_table;    // full-width external-character texts
   const unsigned char* hankaku_table;  // half-width external-character texts
   LogicalFile* file_table;      // table of logical files in use or reported
-  FILE* current_file;           // the book file open for reading, or null
+  FILE* current_file;           // the book file open for reading, or null; see cdforget
+  BookReader reader;            // the position and flags of current_file
+  BookBlock blocks[kBlockCount];  // blocks of the open book files, read once each
+  uint32_t block_uses;          // uses of blocks so far, for last_use
   FILE* output;                 // where results go
   CaptureBuffer capture;        // set only around engine_catalog
   int32_t forward_index_seen;   // 1 once a forward index was described

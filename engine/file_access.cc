@@ -18,8 +18,18 @@
 // position first_page * 2048 is always that row's first byte. A read that
 // runs off the end of one file carries on in the file that holds the next
 // position.
+//
+// Files are read in blocks of kBlockSize at their offsets, and the last
+// kBlockCount blocks are kept until the files close: a walk that goes from
+// an index page to an article and back reads the page once, and a seek or
+// the position costs no system call. engine.reader stands for the stream's
+// position and its end and error flags, with the stream's rules: a read past
+// the end sets the end flag and reads nothing more until a seek clears it.
 #include "engine/file_access.h"
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 
@@ -47,25 +57,98 @@ int64_t row_start(const LogicalFile& row) {
   return static_cast<int64_t>(row.first_page) * kPageSize;
 }
 
-// Moves `file` to the physical position `offset` (whence 0) or `offset`
-// bytes on (whence 1) by reading through its buffer, when that lies at most
-// a page ahead. The stream library makes a system call on every seek, even
-// within its buffer, and a lookup skips forward over index entries many
-// times. False, with the stream where it was and its flags as they were,
-// when this does not apply: the caller seeks.
-bool skip_forward(FILE* file, long offset, int whence) {
-  if (feof(file) || ferror(file)) return false;
-  const long here = ftell(file);
-  const long target = whence == 1 ? here + offset : offset;
-  if (here < 0 || target < here || target - here > kPageSize) return false;
-  char passed[kPageSize];
-  const size_t wanted = static_cast<size_t>(target - here);
-  if (fread(passed, 1, wanted, file) == wanted) return true;
-  // The file ends on the way: back to where it stood, for the seek to go
-  // past its end as seeks may.
-  clearerr(file);
-  fseek(file, here, SEEK_SET);
-  return false;
+// The reader of current_file (which is not null): a file it did not
+// describe so far stands at its start, as a stream just opened does.
+BookReader& reader() {
+  BookReader& reader = engine.reader;
+  if (reader.file != engine.current_file) reader = {engine.current_file, 0, false, false, nullptr};
+  return reader;
+}
+
+// A slot that holds nothing; its bytes need no clearing.
+void free_block(BookBlock& block) {
+  block.file = nullptr;
+  block.last_use = 0;
+}
+
+// The block of `file` that holds `offset`, read now unless it is kept; null
+// when the read fails.
+BookBlock* block_at(FILE* file, int64_t offset) {
+  const int64_t start = offset - offset % kBlockSize;
+  BookBlock* oldest = &engine.blocks[0];
+  for (BookBlock& block : engine.blocks) {
+    if (block.file == file && block.start == start) {
+      block.last_use = ++engine.block_uses;
+      return &block;
+    }
+    if (block.last_use < oldest->last_use) oldest = &block;
+  }
+  const ssize_t got = pread(fileno(file), oldest->bytes, kBlockSize, start);
+  if (got < 0) {
+    free_block(*oldest);
+    return nullptr;
+  }
+  oldest->file = file;
+  oldest->start = start;
+  oldest->length = static_cast<int32_t>(got);
+  oldest->last_use = ++engine.block_uses;
+  return oldest;
+}
+
+// The next `size` bytes of current_file when the block read last holds them
+// all, the reader then standing behind them; else null. The path of nearly
+// every read.
+const unsigned char* kept_bytes(size_t size) {
+  BookReader& place = engine.reader;
+  const BookBlock* block = place.block;
+  if (!block || place.file != engine.current_file || block->file != place.file || place.at_end) {
+    return nullptr;
+  }
+  const int64_t inside = place.offset - block->start;
+  if (inside < 0 || inside + static_cast<int64_t>(size) > block->length) return nullptr;
+  place.offset += static_cast<int64_t>(size);
+  return block->bytes + inside;
+}
+
+// Up to `size` bytes of current_file from the reader's offset on, as fread
+// reads them: fewer when the file ends (at_end) or a read fails (failed).
+size_t read_bytes(unsigned char* bytes, size_t size) {
+  if (const unsigned char* kept = kept_bytes(size)) {
+    memcpy(bytes, kept, size);
+    return size;
+  }
+  if (!engine.current_file) return 0;
+  BookReader& place = reader();
+  if (place.at_end) return 0;
+  size_t got = 0;
+  while (got < size) {
+    BookBlock* block = place.block;
+    if (!block || block->file != place.file || place.offset < block->start ||
+        place.offset >= block->start + kBlockSize) {
+      block = place.block = block_at(place.file, place.offset);
+      if (!block) {
+        place.failed = true;
+        break;
+      }
+    }
+    const int64_t inside = place.offset - block->start;
+    if (inside >= block->length) {
+      place.at_end = true;
+      break;
+    }
+    const size_t take = std::min(size - got, static_cast<size_t>(block->length - inside));
+    memcpy(bytes + got, block->bytes + inside, take);
+    got += take;
+    place.offset += static_cast<int64_t>(take);
+  }
+  return got;
+}
+
+// One byte of current_file, or EOF.
+int next_byte() {
+  if (const unsigned char* kept = kept_bytes(1)) return *kept;
+  unsigned char byte;
+  return read_bytes(&byte, 1) == 1 ? byte : EOF;
 }
 
 // Moves current_file to logical position `offset` through file_table,
@@ -90,14 +173,10 @@ int32_t seek_in_table(int32_t offset) {
     engine_fail(4);
     return -1;
   }
-  const long inside = static_cast<long>(offset - row_start(file));
-  if (skip_forward(file.stream, inside, 0)) return static_cast<int32_t>(inside);
-  if (fseek(file.stream, inside, SEEK_SET) != 0) {
-    fprintf(engine.std_out, "cdseek error on %s at %ld", file.name, static_cast<long>(offset));
-    engine_fail(5);
-    return -1;
-  }
-  return static_cast<int32_t>(inside);
+  BookReader& place = reader();
+  place.offset = offset - row_start(file);
+  place.at_end = false;
+  return static_cast<int32_t>(place.offset);
 }
 
 }  // namespace
@@ -124,10 +203,17 @@ FILE* cdopen(const char* name) {
     if (!strchr(base ? base : path, '.')) strcat(path, ".");
   }
   FILE* file = open_book_file(path);
-  // A stream learns its offset only from a seek; until then every position
-  // asked of it costs a system call.
-  if (file) fseek(file, 0, SEEK_SET);
+  // A stream closed behind the engine's back may come again under the same
+  // address: nothing kept of the old one may pass for the new one.
+  if (file) cdforget(file);
   return file;
+}
+
+void cdforget(FILE* file) {
+  for (BookBlock& block : engine.blocks) {
+    if (block.file == file) free_block(block);
+  }
+  if (engine.reader.file == file) engine.reader = BookReader{};
 }
 
 void cdclose() {
@@ -140,6 +226,9 @@ void cdclose() {
     fclose(engine.current_file);
   }
   engine.current_file = nullptr;
+  // Every book file is closed: nothing kept stands for any of them now.
+  for (BookBlock& block : engine.blocks) free_block(block);
+  engine.reader = BookReader{};
 }
 
 int32_t cdtell() {
@@ -149,9 +238,10 @@ int32_t cdtell() {
     engine_fail(2);
     return -1;
   }
-  if (!(engine.flags & DF_FILE_TABLE)) return static_cast<int32_t>(ftell(file));
+  const int64_t offset = reader().offset;
+  if (!(engine.flags & DF_FILE_TABLE)) return static_cast<int32_t>(offset);
   for (const LogicalFile* row = table_rows(); row->name; ++row) {
-    if (row->stream == file) return static_cast<int32_t>(ftell(file) + row_start(*row));
+    if (row->stream == file) return static_cast<int32_t>(offset + row_start(*row));
   }
   fprintf(engine.std_out, "error in cdtell: file_table out (%d)\n", stream_number(file));
   for (const LogicalFile* row = table_rows(); row->name; ++row) {
@@ -166,15 +256,17 @@ int32_t cdseek(int32_t offset, int whence) {
   for (;;) {
     if (whence == 0 && (engine.flags & DF_FILE_TABLE)) return seek_in_table(offset);
     // Seeking no stream at all simply fails; the reads that follow report.
-    FILE* file = engine.current_file;
-    if (!file) return -1;
-    if (skip_forward(file, offset, whence)) return static_cast<int32_t>(ftell(file));
-    long position = -1;
-    if (fseek(file, offset, whence == 1 ? SEEK_CUR : SEEK_SET) == 0) position = ftell(file);
-    if (position >= 0) return static_cast<int32_t>(position);
+    if (!engine.current_file) return -1;
+    BookReader& place = reader();
+    const int64_t target = whence == 1 ? place.offset + offset : offset;
+    if (target >= 0) {
+      place.offset = target;
+      place.at_end = false;
+      return static_cast<int32_t>(target);
+    }
     if (whence == 0) {
       fprintf(engine.std_out, "cdseek error at %ld(%ld:%ld) of %d", static_cast<long>(offset),
-              page_of(offset), offset_in_page(offset), stream_number(file));
+              page_of(offset), offset_in_page(offset), stream_number(engine.current_file));
       engine_fail(7);
       return -1;
     }
@@ -196,11 +288,11 @@ void cdseekpage(int32_t page) {
 }
 
 int cdgetbyte() {
-  int byte = engine.current_file ? fgetc(engine.current_file) : EOF;
+  int byte = next_byte();
   if (byte != EOF) return byte;
   // Off the end of this file: find the file that holds the position.
   cdseek(cdtell(), 0);
-  byte = engine.current_file ? fgetc(engine.current_file) : EOF;
+  byte = next_byte();
   if (byte != EOF) return byte;
   fprintf(engine.std_out, "データ読み込みに失敗しました(BYTE:pos=%ld)\n", static_cast<long>(cdtell()));
   engine_fail(9);
@@ -208,21 +300,24 @@ int cdgetbyte() {
 }
 
 int cdgetword() {
-  FILE* file = engine.current_file;
-  if (!file) return 0;
+  if (!engine.current_file) return 0;
   // Under a table, cdtell also checks that current_file is one of its rows
   // and reports when it is not, so it runs ahead of every read there.
-  // Without one it cannot fail, and the start is worked out only when the
-  // word is cut short: asking a stream its position is the costliest step
-  // of reading a word.
   const bool table = engine.flags & DF_FILE_TABLE;
+  if (!table) {
+    if (const unsigned char* kept = kept_bytes(2)) return kept[0] << 8 | kept[1];
+  }
   const int32_t table_start = table ? cdtell() : 0;
-  const int high = fgetc(file);
-  const int low = high == EOF ? EOF : fgetc(file);
-  if (low != EOF) return high << 8 | low;
+  unsigned char word[2];
+  const size_t got = read_bytes(word, 2);
+  if (got == 2) return word[0] << 8 | word[1];
   // The word lies across the end of a file: read it byte by byte.
-  const int32_t start = table ? table_start : cdtell() - (high == EOF ? 0 : 1);
+  const int32_t start = table ? table_start : cdtell() - static_cast<int32_t>(got);
   cdseek(start, 0);
   const int first = cdgetbyte();
   return first << 8 | cdgetbyte();
 }
+
+size_t cdread(void* bytes, size_t size) { return read_bytes(static_cast<unsigned char*>(bytes), size); }
+
+const BookReader* current_reader() { return engine.current_file ? &reader() : nullptr; }

@@ -23,6 +23,9 @@ extern LogicalFile defined_file_table[];
 // no such file or the path would pass 511 bytes; failure 1 when drive_path
 // is empty.
 FILE* cdopen(const char* name);
+// Drops whatever was read and kept of `file`, ahead of closing it outside
+// cdclose (a stream's address may come again for another file).
+void cdforget(FILE* file);
 // Closes whatever book files are open; current_file becomes null.
 void cdclose();
 // The logical position; -1 after a failure.
@@ -35,6 +38,12 @@ void cdseekpage(int32_t page);
 int cdgetbyte();
 // One big-endian word 0..65535; 0 after a failure.
 int cdgetword();
+// Up to `size` bytes from the position on, as fread reads them: fewer where
+// the file ends or a read fails, and never on into the next file of a table.
+size_t cdread(void* bytes, size_t size);
+// How the reading of current_file stands (its end and error flags); null
+// when no book file is current.
+const BookReader* current_reader();
 // Loads a file definition table, or selects the default table for null.
 LogicalFile* load_file_table(const char* path);
 

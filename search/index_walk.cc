@@ -323,11 +323,10 @@ int32_t read_index_position() {
 int cdkeycmp(int n, const char* key) {
   // One key is at most 255 bytes: its length is one byte.
   char index_key[512];
-  // In one block while the stream holds it; from where the block ends short
-  // (the end of a file) byte by byte, which carries on into the next file
+  // In one read as far as the file holds it; from where it ends short (the
+  // end of a file) byte by byte, which carries on into the next file
   // or reports as any read does.
-  FILE* file = engine.current_file;
-  const int got = file ? static_cast<int>(fread(index_key, 1, static_cast<size_t>(n), file)) : 0;
+  const int got = static_cast<int>(cdread(index_key, static_cast<size_t>(n)));
   for (int i = got; i < n; ++i) index_key[i] = static_cast<char>(cdgetbyte());
   index_key[n] = '\0';
   if ((engine.flags & DF_INDEX_HIRAGANA) && !(engine.flags & DF_ENGLISH)) {

@@ -15,8 +15,7 @@ void cdshowjis(FILE* stream, const char* text) {
   size_t used = 0;
   shown[0] = '\0';
   for (const unsigned char* p = reinterpret_cast<const unsigned char*>(text); p[0] != 0; p += 2) {
-    cdputchar((p[0] << 8) | p[1], shown + used, sizeof shown - used);
-    used += strlen(shown + used);
+    used += cdputchar((p[0] << 8) | p[1], shown + used, sizeof shown - used);
     if (p[1] == 0 || used + 1 >= sizeof shown) break;
   }
   fprintf(stream, "%s", shown);

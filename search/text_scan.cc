@@ -4,6 +4,7 @@
 // doesn't know is asked for at the console.
 #include <cstdlib>
 
+#include "engine/book_end.h"
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
 #include "engine/index_directory.h"
@@ -92,7 +93,7 @@ void cdtextscan(int32_t identifier) {
     int word = cdgetword();
     --budget;
     if (word >= 0x2000) continue;
-    if (engine.current_file == nullptr || feof(engine.current_file)) {
+    if (cdeof()) {
       const int64_t left = end - at;
       fprintf(engine.std_err, "End of file, %lld(%lld page)left.\n", static_cast<long long>(left),
               static_cast<long long>(left / kPageSize));

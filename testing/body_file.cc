@@ -22,6 +22,7 @@ EngineRun with_body_file(const BodyText& body, const std::function<void()>& step
   engine.seen_count = 0;  // as at the start of an argument
   EngineRun run = capture_engine(steps);
   engine.current_file = saved;
+  cdforget(file);  // the engine keeps what it read of the file until told
   fclose(file);
   return run;
 }

@@ -31,8 +31,8 @@ bool seen_before(int32_t position) {
 }  // namespace
 
 bool read_failed() {
-  FILE* file = engine.current_file;
-  return file == nullptr || feof(file) || ferror(file);
+  const BookReader* reader = current_reader();
+  return reader == nullptr || reader->at_end || reader->failed;
 }
 
 void give_back_word() {

@@ -15,8 +15,9 @@ int32_t cdbcdpos();
 // Writes the text of one 16-bit code at `place` as a NUL-terminated
 // Shift-JIS string of at most `room` bytes with its NUL: a JIS X 0208
 // character (half width in a TA_HALF run), an external character's defined
-// text, or "[%04X]". Code 0 writes nothing, not even the NUL.
-void cdputchar(int32_t code, char* place, size_t room);
+// text, or "[%04X]". Code 0 writes nothing, not even the NUL. Gives the
+// bytes written before the NUL.
+size_t cdputchar(int32_t code, char* place, size_t room);
 // Writes the terminal colour sequence of the attribute bits (TA_*) to output
 // when they differ from the ones last written.
 void cdattr(uint32_t attribute);

@@ -97,12 +97,15 @@ void dump_gaiji_file(const char* path) {
     return;
   }
   FILE* book = engine.current_file;
+  const BookReader place = engine.reader;  // the book's position and flags, for after
   // The plain file is no row of a logical file table: positions are its own.
   uint32_t table_flag = engine.flags & DF_FILE_TABLE;
   engine.flags &= ~DF_FILE_TABLE;
   engine.current_file = file;
   cdgaijidump();
+  cdforget(file);
   fclose(file);
   engine.current_file = book;
+  engine.reader = place;
   engine.flags |= table_flag;
 }

@@ -3,6 +3,7 @@
 // their defined text or the token "[%04X]", which the application turns into
 // Braille by its own table. In a half-width run characters take their
 // half-width form where one exists.
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
@@ -58,36 +59,33 @@ uint32_t halfwidth_form(int32_t code, uint32_t full) {
   return full;
 }
 
-// Copies what fits of `text` with a NUL.
-void copy_cut(char* place, const char* text, size_t room) {
-  size_t length = strlen(text);
+// Copies what fits of `text` (`length` bytes) with a NUL; gives the bytes
+// copied.
+size_t copy_cut(char* place, const char* text, size_t length, size_t room) {
   if (length >= room) length = room - 1;
   memcpy(place, text, length);
   place[length] = '\0';
+  return length;
 }
 
 }  // namespace
 
-void cdputchar(int32_t code, char* place, size_t room) {
-  if (code == 0 || room == 0) return;
+size_t cdputchar(int32_t code, char* place, size_t room) {
+  if (code == 0 || room == 0) return 0;
   if (code < kFirstJis || code > kLastJis) {
-    if (const char* defined = cdgaijifind(code)) {
-      copy_cut(place, defined, room);
-    } else {
-      snprintf(place, room, "[%04X]", static_cast<unsigned>(code));
-    }
-    return;
+    if (const char* defined = cdgaijifind(code)) return copy_cut(place, defined, strlen(defined), room);
+    const int wanted = snprintf(place, room, "[%04X]", static_cast<unsigned>(code));
+    return std::min(static_cast<size_t>(wanted), room - 1);
   }
   uint32_t bytes = static_cast<uint32_t>(jis_to_sjis(code)) & 0xFFFF;
   if ((engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE)) {
     bytes = halfwidth_form(code, bytes);
   }
-  char text[3] = {};
-  if (bytes > 0xFF) {
-    text[0] = static_cast<char>(bytes >> 8);
-    text[1] = static_cast<char>(bytes & 0xFF);
-  } else {
-    text[0] = static_cast<char>(bytes);
-  }
-  copy_cut(place, text, room);
+  char text[2];
+  size_t length = 0;
+  if (bytes > 0xFF) text[length++] = static_cast<char>(bytes >> 8);
+  text[length++] = static_cast<char>(bytes & 0xFF);
+  // A half-width form of code 0 ends the text there, as a NUL does.
+  if (text[length - 1] == '\0') --length;
+  return copy_cut(place, text, length, room);
 }

@@ -16,12 +16,12 @@ constexpr size_t kCutBlock = 512;
 // Reads up to `wanted` bytes of the book; under a file table a block that
 // runs off the end of one file goes on in the next.
 size_t read_block(unsigned char* block, size_t wanted) {
-  size_t got = fread(block, 1, wanted, engine.current_file);
+  size_t got = cdread(block, wanted);
   if (got < wanted && (engine.flags & DF_FILE_TABLE)) {
     int32_t position = cdtell();
     if (position >= 0) cdseek(position, 0);
     if (engine.current_file != nullptr) {
-      got += fread(block + got, 1, wanted - got, engine.current_file);
+      got += cdread(block + got, wanted - got);
     }
   }
   return got;
