@@ -19,6 +19,15 @@ class FileSystem {
   virtual bool Delete(const std::string& path) = 0;
   // True when something (file or folder) stands at `path`.
   virtual bool Exists(const std::string& path) = 0;
+  // True when a file stands at `path` that is not to be written: it has the
+  // read-only attribute (no write permission for anyone), or this process
+  // may not write it.
+  virtual bool ReadOnly(const std::string& path) = 0;
+  // Pushes what was written to `file` through to the disk (fflush and
+  // fsync), so that a rename behind it never shows a file with less in it.
+  virtual bool Sync(FILE* file) = 0;
+  // Makes the renames and deletions in `folder` last (fsync of the folder).
+  virtual bool SyncFolder(const std::string& folder) = 0;
 };
 
 // The host's own calls.
@@ -28,6 +37,9 @@ class RealFileSystem : public FileSystem {
   bool Move(const std::string& from, const std::string& to) override;
   bool Delete(const std::string& path) override;
   bool Exists(const std::string& path) override;
+  bool ReadOnly(const std::string& path) override;
+  bool Sync(FILE* file) override;
+  bool SyncFolder(const std::string& folder) override;
 };
 
 // The file system that the device file calls use; the real one unless a
