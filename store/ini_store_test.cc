@@ -1,6 +1,7 @@
 #include "store/ini_store.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
@@ -21,31 +22,57 @@ class FullCardFileSystem : public RealFileSystem {
   }
 };
 
-// A folder whose entries can't be renamed or deleted (the file itself
-// could still be written in place).
+// A folder whose entries can't be renamed or deleted.
 class ReadOnlyFolderFileSystem : public RealFileSystem {
  public:
   bool Move(const std::string&, const std::string&) override { return false; }
   bool Delete(const std::string&) override { return false; }
 };
 
+// A process that dies after `steps` calls that change the disk: from then
+// on every such call fails and changes nothing, so the folder is left as
+// a kill at that moment leaves it.
+class DyingFileSystem : public RealFileSystem {
+ public:
+  explicit DyingFileSystem(int steps) : steps_(steps) {}
+  FILE* Open(const std::string& path, const char* mode) override {
+    if (mode[0] != 'r' && !Step()) return nullptr;
+    return RealFileSystem::Open(path, mode);
+  }
+  bool Move(const std::string& from, const std::string& to) override {
+    return Step() && RealFileSystem::Move(from, to);
+  }
+  bool Delete(const std::string& path) override { return Step() && RealFileSystem::Delete(path); }
+  bool Sync(FILE* file) override { return Step() && RealFileSystem::Sync(file); }
+  bool SyncFolder(const std::string& folder) override {
+    return Step() && RealFileSystem::SyncFolder(folder);
+  }
+  bool Died() const { return steps_ < 0; }
+
+ private:
+  bool Step() { return --steps_ >= 0; }
+  int steps_;
+};
+
 }  // namespace
 
-TEST_F(IniStoreTest, EmptyFileGivesDefaultsAndFirstWriteMakesTwoLines) {
-  IniStore store(path_);  // creates the missing file
-  EXPECT_TRUE(std::filesystem::exists(HostFile()));
+TEST_F(IniStoreTest, MissingFileGivesDefaultsAndFirstWriteMakesTwoLines) {
+  IniStore store(path_);
+  EXPECT_EQ(store.LoadState(), IniLoad::kMissing);
+  EXPECT_FALSE(std::filesystem::exists(HostFile()));  // nothing made before there is something to keep
   EXPECT_EQ(store.GetValue(u"S", u"K", u"dflt"), CString(u"dflt"));
   EXPECT_EQ(store.GetIntValue(u"S", u"K", 5), 5);
   EXPECT_EQ(store.WriteValue(u"OPTION_SETTING", u"GAIJI_REPLACE", u"1"), 0);
   EXPECT_EQ(ReadFile(), "[OPTION_SETTING]\nGAIJI_REPLACE=1\n");
-  EXPECT_FALSE(std::filesystem::exists(HostFile() + ".BAK"));
+  for (const char* suffix : {".BAK", ".NEW"}) EXPECT_FALSE(std::filesystem::exists(HostFile(suffix)));
 }
 
-TEST_F(IniStoreTest, LoadRemovesBlanksAndTheScanMatchesExactly) {
-  WriteFile("TOP=0\r\n[ DICT_LIST ]\nTITLE_0000=x\nTITLE=a=b c\nN=\nW=abc\n[DICT_LIST]\nX=2\n"
-            "[broken\nY=3\n");
+TEST_F(IniStoreTest, BlanksCountInValuesOnlyAndTheScanMatchesExactly) {
+  WriteFile("TOP=0\r\n[ DICT_LIST ]\nTITLE_0000=x\nTITLE=a=b c \nN=\nW=abc\nLIST_SIZE =3\r\n"
+            "[DICT_LIST]\nX=2\n[broken\nY=3\n");
   IniStore store(path_);
-  EXPECT_EQ(store.GetValue(u"DICT_LIST", u"TITLE", u"-"), CString(u"a=bc"));
+  EXPECT_EQ(store.GetValue(u"DICT_LIST", u"TITLE", u"-"), CString(u"a=b c "));
+  EXPECT_EQ(store.GetIntValue(u"DICT_LIST", u"LIST_SIZE", 0), 3);
   EXPECT_EQ(store.GetValue(u"DICT_LIST", u"TOP", u"-"), CString(u"-"));  // before any header
   EXPECT_EQ(store.GetValue(u"DICT_LIST", u"X", u"-"), CString(u"-"));    // second section unseen
   EXPECT_EQ(store.GetValue(u"dict_list", u"TITLE", u"-"), CString(u"-"));
@@ -55,8 +82,12 @@ TEST_F(IniStoreTest, LoadRemovesBlanksAndTheScanMatchesExactly) {
   EXPECT_EQ(store.GetValue(u"broken", u"Y", u"-"), CString(u"-"));
   store.SetValue(u"DICT_LIST", u"W", u"__error__");
   EXPECT_EQ(store.GetIntValue(u"DICT_LIST", u"W", 9), 9);
-  store.SetValue(u"DICT_LIST", u"V", u"a b");
-  EXPECT_EQ(store.GetValue(u"DICT_LIST", u"V", u"-"), CString(u"a b"));  // blanks stay in memory
+  // A new key goes behind the section's last line, before the repeated header.
+  EXPECT_EQ(store.WriteValue(u"DICT_LIST", u"V", u" a b "), 0);
+  EXPECT_EQ(ReadFile(), "TOP=0\n[ DICT_LIST ]\nTITLE_0000=x\nTITLE=a=b c \nN=\nW=__error__\n"
+                        "LIST_SIZE =3\nV= a b \n[DICT_LIST]\nX=2\n[broken\nY=3\n");
+  IniStore again(path_);
+  EXPECT_EQ(again.GetValue(u"DICT_LIST", u"V", u"-"), CString(u" a b "));
 }
 
 TEST_F(IniStoreTest, SetValuePlacement) {
@@ -65,32 +96,61 @@ TEST_F(IniStoreTest, SetValuePlacement) {
   store.SetValue(u"A", u"new", u"x");
   store.SetValue(u"B", u"k", u"3");
   store.SetValue(u"B", u"last", u"4");
-  EXPECT_EQ(store.WriteValue(u"C", u"k", u"5"), 0);
-  EXPECT_EQ(ReadFile(), "[A]\nk=1\n\n\nnew=x\n[B]\nk=3\nlast=4\n[C]\nk=5\n");
+  store.SetValue(u"C", u"k", u"5");
+  store.SetValue(u"B", u"after", u"6");  // B was closed by C's new header
+  EXPECT_EQ(store.WriteValue(u"C", u"k2", u"7"), 0);
+  EXPECT_EQ(ReadFile(), "[A]\nk=1\n\n\nnew=x\n[B]\nk=3\nlast=4\nafter=6\n[C]\nk=5\nk2=7\n");
 }
 
-TEST_F(IniStoreTest, LongLinesAndCharactersOutsideTheCodePage) {
+TEST_F(IniStoreTest, LongLinesAndCharactersOutsideTheCodePageComeBackWhole) {
   std::string longValue;
-  for (int i = 0; i < 130; ++i) longValue += "\x82\xa0";  // あ x 130: 260 bytes
+  for (int i = 0; i < 600; ++i) longValue += "\x82\xa0";  // あ x 600: 1200 bytes
   WriteFile("[S]\nk=" + longValue + "\n");
   IniStore store(path_);
-  // The read of 255 bytes stops before the character it would split.
-  EXPECT_EQ(store.GetValue(u"S", u"k", u"-").GetLength(), 126);
-  store.SetValue(u"S", u"k", CString(u'あ', 200));
-  EXPECT_EQ(store.WriteValue(u"S", u"e", u"caf\u00e9"), 0);
-  std::string text = ReadFile();
-  std::string expectedFirst = "[S]\nk=" + longValue.substr(0, 252) + "\n";
-  EXPECT_EQ(text.substr(0, expectedFirst.size()), expectedFirst);
-  EXPECT_NE(text.find("e=caf?\n"), std::string::npos);
+  EXPECT_EQ(store.GetValue(u"S", u"k", u"-"), CString(u'あ', 600));
+  EXPECT_EQ(store.WriteValue(u"S", u"e", u"caf\u00e9\nx"), 0);
+  EXPECT_EQ(ReadFile(), "[S]\nk=" + longValue + "\ne=caf&#xE9;&#xA;x\n");
+  IniStore again(path_);
+  EXPECT_EQ(again.GetValue(u"S", u"e", u"-"), CString(u"caf\u00e9\nx"));
 }
 
 TEST_F(IniStoreTest, StaleBackupIsReplacedAndDeleted) {
   WriteFile("[S]\nk=1\n");
-  std::ofstream(HostFile() + ".BAK") << "stale\n";
+  std::ofstream(HostFile(".BAK")) << "[S]\nk=0\n";
   IniStore store(path_);
+  EXPECT_FALSE(store.BackupTakenBack());  // the file is whole
   EXPECT_EQ(store.WriteValue(u"S", u"k", u"2"), 0);
   EXPECT_EQ(ReadFile(), "[S]\nk=2\n");
-  EXPECT_FALSE(std::filesystem::exists(HostFile() + ".BAK"));
+  EXPECT_FALSE(std::filesystem::exists(HostFile(".BAK")));
+}
+
+TEST_F(IniStoreTest, BackupIsTakenBackForAFileMissingOrCutShort) {
+  struct Case {
+    const char* file;    // null: missing
+    const char* backup;
+    const char* loaded;  // what the store then holds as k
+  };
+  const Case cases[] = {
+      {nullptr, "[S]\nk=old\n", "old"},
+      {nullptr, "[S]\nk=cut", "cut"},  // better than nothing
+      {"", "[S]\nk=old\n", "old"},
+      {"[S]\nk=ne", "[S]\nk=old\n", "old"},
+      {"[S]\nk=ne", "[S]\nk=ol", "ne"},  // neither whole: the file stays
+  };
+  for (const Case& c : cases) {
+    std::filesystem::remove(HostFile());
+    if (c.file != nullptr) WriteFile(c.file);
+    std::ofstream(HostFile(".BAK"), std::ios::binary) << c.backup;
+    IniStore store(path_);
+    EXPECT_EQ(store.GetValue(u"S", u"k", u"-"), CString(c.loaded)) << c.backup;
+    const bool takenBack = std::string(c.loaded) != "ne";
+    EXPECT_EQ(store.BackupTakenBack(), takenBack);
+    EXPECT_EQ(std::filesystem::exists(HostFile(".BAK")), !takenBack);
+    if (takenBack) {
+      EXPECT_EQ(ReadFile(), c.backup);
+    }
+  }
+  std::filesystem::remove(HostFile(".BAK"));
 }
 
 TEST_F(IniStoreTest, FailedRewritesKeepTheSettings) {
@@ -107,24 +167,61 @@ TEST_F(IniStoreTest, FailedRewritesKeepTheSettings) {
   FullCardFileSystem full;
   EXPECT_EQ(writeThrough(full, u"2"), -1);
   EXPECT_EQ(ReadFile(), original);
-  EXPECT_FALSE(std::filesystem::exists(HostFile() + ".BAK"));
+  EXPECT_FALSE(std::filesystem::exists(HostFile(".BAK")));
   {
-    std::filesystem::create_directory(HostFile() + ".BAK");  // a folder where the backup goes
+    std::filesystem::create_directory(HostFile(".BAK"));  // a folder where the backup goes
     IniStore store(path_);
     EXPECT_EQ(store.WriteValue(u"S", u"k", u"3"), -1);
     EXPECT_EQ(ReadFile(), original);
-    std::filesystem::remove(HostFile() + ".BAK");
+    std::filesystem::remove(HostFile(".BAK"));
   }
   ReadOnlyFolderFileSystem readOnly;
   EXPECT_EQ(writeThrough(readOnly, u"4"), -1);
   EXPECT_EQ(ReadFile(), original);
 }
 
+TEST_F(IniStoreTest, DeathAtAnyStepOfASaveLeavesTheOldOrTheNewFile) {
+  const std::string before = "[S]\nk=old\n";
+  for (int steps = 0;; ++steps) {
+    WriteFile(before);
+    DyingFileSystem dying(steps);
+    {
+      IniStore store(path_);
+      store.SetValue(u"S", u"k", u"new");
+      FileSystem* real = SetFileSystem(&dying);
+      store.Save();
+      SetFileSystem(real);
+    }
+    IniStore after(path_);  // the next start
+    const CString value = after.GetValue(u"S", u"k", u"-");
+    EXPECT_TRUE(value == CString(u"old") || value == CString(u"new")) << steps;
+    if (!dying.Died()) {
+      EXPECT_EQ(value, CString(u"new"));
+      break;
+    }
+  }
+}
+
+TEST_F(IniStoreTest, ReadOnlyFileIsReadAndNeverWritten) {
+  const std::string original = "[S]\nk=1";  // not even whole: it is not replaced either
+  WriteFile(original);
+  std::ofstream(HostFile(".BAK")) << "[S]\nk=0\n";
+  chmod(HostFile().c_str(), 0444);
+  IniStore store(path_);
+  EXPECT_EQ(store.LoadState(), IniLoad::kRead);
+  EXPECT_EQ(store.GetIntValue(u"S", u"k", 9), 1);
+  store.SetValue(u"S", u"k", u"2");
+  EXPECT_EQ(store.Save(), IniSave::kReadOnly);
+  EXPECT_EQ(ReadFile(), original);
+  EXPECT_TRUE(std::filesystem::exists(HostFile(".BAK")));
+}
+
 TEST_F(IniStoreTest, UnopenableFileIsNotLoaded) {
   std::filesystem::create_directory(HostFile());  // a folder where the file should be
   IniStore store(path_);
+  EXPECT_EQ(store.LoadState(), IniLoad::kUnreadable);
   EXPECT_EQ(store.GetValue(u"S", u"k", u"d"), CString(u"d"));
   EXPECT_EQ(store.WriteValue(u"S", u"k", u"1"), -1);
   EXPECT_TRUE(std::filesystem::is_directory(HostFile()));
-  EXPECT_FALSE(std::filesystem::exists(HostFile() + ".BAK"));
+  EXPECT_FALSE(std::filesystem::exists(HostFile(".BAK")));
 }

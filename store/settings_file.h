@@ -19,7 +19,19 @@
 // Only registered dictionaries are stored: entry 0 of the file is entry
 // builtinCount of the list. A save changes the keys that are there and
 // leaves other lines alone, so the keys of entries that were deleted stay
-// behind, unread, since a load stops at LIST_SIZE.
+// behind, unread, since a load stops at LIST_SIZE. Values are stored
+// exactly, blanks and all (store/ini_value_escape.h), and a save is one
+// rewrite of the whole file that never leaves it cut (store/ini_store.h).
+//
+// The file is whole when it ends in a line feed and holds every key that a
+// load reads: the five options, LIST_SIZE and the three keys of each
+// entry. A start that finds it otherwise, with a whole backup beside it
+// (left by a save that was cut off), takes the backup back.
+//
+// What goes wrong is said in one line on standard error, once: at start
+// for a file that is not read (too large, unreadable) and so will not be
+// written either, at closing for a save that could not be made (a
+// read-only file among them).
 #ifndef STORE_SETTINGS_FILE_H_
 #define STORE_SETTINGS_FILE_H_
 
@@ -28,12 +40,13 @@
 #include "platform/wide_string.h"
 #include "store/dictionary_list.h"
 #include "store/display_options.h"
+#include "store/ini_store.h"
 
-// A load takes at most this many registered dictionaries, so that a
-// damaged LIST_SIZE can neither fill memory nor make the save at closing
-// (one rewrite of the whole file per key) take minutes; users register a
-// few dozen.
-constexpr int32_t kMaxStoredDictionaries = 200;
+// A load takes at most as many registered dictionaries as a file within
+// the size limit can hold, so that a damaged LIST_SIZE cannot fill memory:
+// the smallest entry, "TITLE_0000=\nPATH_0000=\nBOOKNUM_0000=0\n", takes
+// 38 bytes.
+constexpr int32_t kMaxStoredDictionaries = static_cast<int32_t>(kMaxIniBytes / 38);
 
 // The device name of the program's folder, without a trailing backslash:
 // what the program's own path holds before its last backslash, or "." when
@@ -46,13 +59,14 @@ CString SettingsFilePath();
 
 // Reads the options (each missing key keeps its default) into `options`
 // and appends the stored dictionaries to `list`, unchecked. A missing file
-// is created empty; a file that cannot be opened gives the defaults.
+// gives the defaults and is not created; so does a file that is not read.
 void LoadSettings(const CString& path, DisplayOptions& options, DictionaryEntryArray& list);
 
-// Writes the options and the entries of `list` from `builtinCount` on,
-// each key through a rewrite of the whole file. Writes nothing when the
-// file cannot be opened.
-void SaveSettings(const CString& path, const DisplayOptions& options,
+// Writes the options and the entries of `list` from `builtinCount` on, in
+// one rewrite of the file, with the lines that writing them key by key
+// would give. Writes nothing to a file that was not read or is read-only.
+// True when the file holds them.
+bool SaveSettings(const CString& path, const DisplayOptions& options,
                   const DictionaryEntryArray& list, int32_t builtinCount);
 
 #endif  // STORE_SETTINGS_FILE_H_

@@ -1,6 +1,7 @@
 #include "store/settings_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
@@ -11,6 +12,32 @@ namespace {
 
 class SettingsFileTest : public SettingsFolderTest {
  protected:
+  // `count` registered dictionaries with blanks, long paths and titles.
+  static DictionaryEntryArray Registered(int count) {
+    DictionaryEntryArray list;
+    for (int n = 0; n < count; ++n) {
+      CString number;
+      number.Format(u"%d", n);
+      list.push_back({u"My Dict " + number + u" " + CString(u'辞', n % 7 * 50),
+                      u"\\SD\\my books\\" + number + CString(u'x', n % 5 * 150), n % 4});
+    }
+    return list;
+  }
+  // The entries a load appends to an empty list.
+  DictionaryEntryArray Load() {
+    DictionaryEntryArray loaded;
+    LoadSettings(path_, options_, loaded);
+    return loaded;
+  }
+  static void ExpectSame(const DictionaryEntryArray& a, const DictionaryEntryArray& b) {
+    ASSERT_EQ(a.size(), b.size());
+    for (size_t i = 0; i < a.size(); ++i) {
+      EXPECT_EQ(a[i].title, b[i].title) << i;
+      EXPECT_EQ(a[i].path, b[i].path) << i;
+      EXPECT_EQ(a[i].bookNumber, b[i].bookNumber) << i;
+    }
+  }
+
   DisplayOptions options_;
   DictionaryEntryArray list_;
 };
@@ -19,7 +46,7 @@ TEST_F(SettingsFileTest, ExactLinesRoundTripAndShrink) {
   EXPECT_EQ(SettingsFilePath(), CString(u"\\epwingdict\\epwingdict.ini"));
   list_ = {{u"plus", u"\\SD\\p", 0}, {u"My Dict", u"\\SD\\a b", 3}, {u"広\u3000典", u"\\SD\\k", 1}};
   options_.phSignsVisible = 2;
-  SaveSettings(SettingsFilePath(), options_, list_, 1);
+  EXPECT_TRUE(SaveSettings(path_, options_, list_, 1));
   const std::string written = ReadFile();
   EXPECT_EQ(written,
             "[OPTION_SETTING]\nGAIJI_REPLACE=1\nGAIJI_VISIBLE=0\nSYLLABLE_VISIBLE=0\n"
@@ -30,48 +57,120 @@ TEST_F(SettingsFileTest, ExactLinesRoundTripAndShrink) {
   DisplayOptions loaded;
   loaded.gaijiReplace = 7;
   DictionaryEntryArray reloaded = {list_[0]};
-  LoadSettings(SettingsFilePath(), loaded, reloaded);
+  LoadSettings(path_, loaded, reloaded);
   EXPECT_EQ(loaded.gaijiReplace, 1);
   EXPECT_EQ(loaded.phSignsVisible, 2);
-  ASSERT_EQ(reloaded.size(), 3u);  // behind the built-in entry
-  EXPECT_EQ(reloaded[1].title, CString(u"MyDict"));  // a load drops blanks
-  EXPECT_EQ(reloaded[1].bookNumber, 3);
-  EXPECT_EQ(reloaded[2].title, CString(u"広\u3000典"));
+  ExpectSame(reloaded, list_);  // behind the built-in entry, blanks and all
 
   reloaded.resize(2);  // the last registered entry deleted
-  SaveSettings(SettingsFilePath(), loaded, reloaded, 1);
-  EXPECT_NE(ReadFile().find("LIST_SIZE=1\nTITLE_0000=MyDict\nPATH_0000=\\SD\\ab\nBOOKNUM_0000=3\n"
+  EXPECT_TRUE(SaveSettings(path_, loaded, reloaded, 1));
+  EXPECT_NE(ReadFile().find("LIST_SIZE=1\nTITLE_0000=My Dict\nPATH_0000=\\SD\\a b\nBOOKNUM_0000=3\n"
                             "TITLE_0001="),
             std::string::npos);  // same order; entry 1's keys stay behind
-  LoadSettings(SettingsFilePath(), loaded, list_);
-  EXPECT_EQ(list_.size(), 4u);
+  EXPECT_EQ(Load().size(), 1u);
 }
 
 TEST_F(SettingsFileTest, FailureTable) {
   options_.gaijiReplace = 0;
-  LoadSettings(SettingsFilePath(), options_, list_);  // missing: created empty, defaults
-  EXPECT_EQ(ReadFile(), "");
+  EXPECT_TRUE(Load().empty());  // missing: defaults, and nothing made
+  EXPECT_FALSE(std::filesystem::exists(HostFile()));
   EXPECT_EQ(options_.gaijiReplace, 1);
-  EXPECT_TRUE(list_.empty());
 
   WriteFile("junk\n[OPTION_SETTING]\nGAIJI_VISIBLE=yes\nSYLLABLE_VISIBLE=1\n"
             "[DICT_LIST]\nLIST_SIZE=2\nTITLE_0000=t\n");
-  LoadSettings(SettingsFilePath(), options_, list_);
+  list_ = Load();
   EXPECT_EQ(options_.gaijiVisible, 0);  // not numeric
   EXPECT_EQ(options_.syllableVisible, 1);
   ASSERT_EQ(list_.size(), 2u);
   EXPECT_EQ(list_[1].title, CString());  // beyond the stored entries
-  SaveSettings(SettingsFilePath(), options_, list_, 0);
+  SaveSettings(path_, options_, list_, 0);
   EXPECT_EQ(ReadFile().substr(0, 5), "junk\n");  // carried along
 
   const std::pair<const char*, size_t> sizes[] = {
       {"-3", 0}, {"many", 0}, {"2000000000", kMaxStoredDictionaries}};
   for (const auto& [size, count] : sizes) {
-    list_.clear();
     WriteFile(std::string("[DICT_LIST]\nLIST_SIZE=") + size + "\n");
-    LoadSettings(SettingsFilePath(), options_, list_);
-    EXPECT_EQ(list_.size(), count) << size;
+    EXPECT_EQ(Load().size(), count) << size;
   }
+}
+
+TEST_F(SettingsFileTest, RegistrationsComeBackExactly) {
+  list_ = Registered(250);
+  list_[0].path = u"\\SD\\" + CString(u'p', 596);                   // 600 characters
+  list_[1].title = CString(u'漢', 300);                              // 600 bytes
+  list_[2].title = u" two  blanks\tand a\nline feed ";
+  list_[3].path = u"\\SD\\caf\u00e9 \U0001F4D6 &#x41;";              // no code page holds them
+  list_[4].title = u"";
+  options_.linkVisible = 1;
+  EXPECT_TRUE(SaveSettings(path_, options_, list_, 0));
+  options_ = DisplayOptions();
+  ExpectSame(Load(), list_);
+  EXPECT_EQ(options_.linkVisible, 1);
+}
+
+TEST_F(SettingsFileTest, FileOfTheDevicesStoreStillLoads) {
+  // Blank-free values, CR LF line ends, blanks in a header and a key, and
+  // keys of a deleted entry behind LIST_SIZE.
+  WriteFile("[OPTION_SETTING]\r\nGAIJI_REPLACE=0\r\nLINK_VISIBLE=1\r\n[ DICT_LIST ]\r\n"
+            "LIST_SIZE = 1\r\nTITLE_0000=\x8d\x4c\x8e\xab\x89\x91\r\nPATH_0000=\\SD\\epwing\\koji\r\n"
+            "BOOKNUM_0000=2\r\nTITLE_0001=gone\r\n");
+  list_ = Load();
+  EXPECT_EQ(options_.gaijiReplace, 0);
+  EXPECT_EQ(options_.linkVisible, 1);
+  ExpectSame(list_, {{u"広辞苑", u"\\SD\\epwing\\koji", 2}});
+}
+
+TEST_F(SettingsFileTest, CutFileBesideAGoodBackupLosesNothing) {
+  list_ = Registered(200);
+  ASSERT_TRUE(SaveSettings(path_, options_, list_, 0));
+  const std::string whole = ReadFile();
+  ASSERT_GT(whole.size(), 8192u);
+  std::filesystem::rename(HostFile(), HostFile(".BAK"));
+  WriteFile(whole.substr(0, 8192));
+
+  testing::internal::CaptureStderr();
+  DictionaryEntryArray loaded = Load();
+  EXPECT_NE(testing::internal::GetCapturedStderr().find("backup was taken back"), std::string::npos);
+  ExpectSame(loaded, list_);
+  EXPECT_EQ(ReadFile(), whole);
+  EXPECT_FALSE(std::filesystem::exists(HostFile(".BAK")));
+  EXPECT_TRUE(SaveSettings(path_, options_, loaded, 0));  // the close
+  ExpectSame(Load(), list_);
+
+  // A file cut at a line's end, all of whose lines are whole, is cut too:
+  // LIST_SIZE promises entries it no longer holds.
+  std::filesystem::copy_file(HostFile(), HostFile(".BAK"));
+  WriteFile(whole.substr(0, whole.rfind("TITLE_0150=")));
+  ExpectSame(Load(), list_);
+}
+
+TEST_F(SettingsFileTest, ReadOnlyFileIsReadAndNotSaved) {
+  list_ = Registered(3);
+  ASSERT_TRUE(SaveSettings(path_, options_, list_, 0));
+  const std::string before = ReadFile();
+  chmod(HostFile().c_str(), 0444);
+  ExpectSame(Load(), list_);
+  list_.pop_back();
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(SaveSettings(path_, options_, list_, 0));
+  const std::string said = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(said, "epwingdict: the settings could not be saved: " + HostFile() + " is read-only\n");
+  EXPECT_EQ(ReadFile(), before);
+}
+
+TEST_F(SettingsFileTest, FileBeyondTheLimitIsSaidOnceAndLeftAlone) {
+  const std::string text = "[OPTION_SETTING]\nGAIJI_REPLACE=0\n" + std::string(kMaxIniBytes, '\n');
+  WriteFile(text);
+  testing::internal::CaptureStderr();
+  list_ = Load();
+  EXPECT_TRUE(list_.empty());
+  EXPECT_EQ(options_.gaijiReplace, 1);  // the default
+  list_ = Registered(1);
+  EXPECT_FALSE(SaveSettings(path_, options_, list_, 0));
+  const std::string said = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+  EXPECT_NE(said.find("larger than 1 MB"), std::string::npos);
+  EXPECT_EQ(ReadFile(), text);
 }
 
 }  // namespace
