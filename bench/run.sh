@@ -1,7 +1,8 @@
 #!/bin/bash
 # `make bench`: lookup speed of the EDICT book against look(1) and grep -F,
 # in-process lookups as the application makes them, peak memory of one
-# lookup, and the time mkbook takes to build the book. Prints a table, then
+# lookup, the time mkbook takes to build the book, and starts and closes
+# over the settings file (settings_bench). Prints a table, then
 # one "name value unit" line per figure.
 set -e
 build=${1:-build}
@@ -62,6 +63,9 @@ grep_us=$(median < "$work/grep.us")
 # 2. In-process lookups through engine_output and the work file.
 "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" 10000 2> "$work/inprocess.txt"
 
+# 5. Starts and closes over the settings file.
+"$bin/settings_bench" "$work/settings" 20 > "$work/settings.txt"
+
 # 3. Peak resident memory of one lookup.
 rss_kib=$( { /usr/bin/time -f '%M' "$bin/tomeview" "-D$book" "$(printf 'はな' | iconv -f UTF-8 -t CP932)" >/dev/null; } 2>&1 | tail -1)
 
@@ -78,6 +82,7 @@ figures=$(
     printf "edict_build_entries_per_s %.0f entries/s\n", e / (b / 1e6)
   }'
   grep -v bytes_read "$work/inprocess.txt"
+  cat "$work/settings.txt"
 )
 echo
 printf '%-32s %14s  %s\n' figure value unit
