@@ -19,7 +19,8 @@
 namespace {
 
 double Milliseconds(std::chrono::steady_clock::time_point since) {
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - since).count();
+  const auto elapsed = std::chrono::steady_clock::now() - since;
+  return std::chrono::duration<double, std::milli>(elapsed).count();
 }
 
 double Median(std::vector<double> values) {

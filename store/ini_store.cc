@@ -181,7 +181,8 @@ std::string IniStore::Text() const {
 }
 
 IniSave IniStore::Save() {
-  if (loadState == IniLoad::kTooLarge || loadState == IniLoad::kUnreadable) return IniSave::kNotLoaded;
+  if (loadState == IniLoad::kTooLarge || loadState == IniLoad::kUnreadable)
+    return IniSave::kNotLoaded;
   FileSystem& files = CurrentFileSystem();
   const std::string host = HostPath(filePath);
   if (files.ReadOnly(host)) return IniSave::kReadOnly;

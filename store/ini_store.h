@@ -86,8 +86,8 @@ class IniStore {
   using Line = std::list<CString>::iterator;
   // The first section of a name: the only one that a key is looked up in.
   struct Section {
-    Line end;                                   // the line that ends it ("[" at its start), unless `open`
-    bool open = true;                           // it runs to the end of the file
+    Line end;          // the line that ends it ("[" at its start), unless `open`
+    bool open = true;  // it runs to the end of the file
     std::unordered_map<std::u16string, Line> keys;  // each key's first line in it
   };
 
@@ -96,6 +96,7 @@ class IniStore {
   void Read(const std::string& hostPath);
   // Splits `bytes` into lines and indexes their sections and keys.
   void Parse(const std::string& bytes);
+  // True when the bytes read end in a line feed and `isWhole`, if any, agrees.
   bool IsWhole(WholeTest isWhole) const;
   // The key's line, or null.
   const CString* FindLine(const CString& section, const CString& key) const;

@@ -59,12 +59,13 @@ class DyingFileSystem : public RealFileSystem {
 TEST_F(IniStoreTest, MissingFileGivesDefaultsAndFirstWriteMakesTwoLines) {
   IniStore store(path_);
   EXPECT_EQ(store.LoadState(), IniLoad::kMissing);
-  EXPECT_FALSE(std::filesystem::exists(HostFile()));  // nothing made before there is something to keep
+  EXPECT_FALSE(std::filesystem::exists(HostFile()));  // made when there is something to keep
   EXPECT_EQ(store.GetValue(u"S", u"K", u"dflt"), CString(u"dflt"));
   EXPECT_EQ(store.GetIntValue(u"S", u"K", 5), 5);
   EXPECT_EQ(store.WriteValue(u"OPTION_SETTING", u"GAIJI_REPLACE", u"1"), 0);
   EXPECT_EQ(ReadFile(), "[OPTION_SETTING]\nGAIJI_REPLACE=1\n");
-  for (const char* suffix : {".BAK", ".NEW"}) EXPECT_FALSE(std::filesystem::exists(HostFile(suffix)));
+  for (const char* suffix : {".BAK", ".NEW"})
+    EXPECT_FALSE(std::filesystem::exists(HostFile(suffix))) << suffix;
 }
 
 TEST_F(IniStoreTest, BlanksCountInValuesOnlyAndTheScanMatchesExactly) {

@@ -73,7 +73,8 @@ CString EscapeIniValue(const CString& value) {
     if (!escape) {
       out += character;
     } else if (width == 2) {
-      AppendReference(out, 0x10000 + ((char32_t{units[i]} - 0xD800) << 10) + (units[i + 1] - 0xDC00));
+      const char32_t high = units[i] - 0xD800, low = units[i + 1] - 0xDC00;
+      AppendReference(out, 0x10000 + (high << 10) + low);
     } else {
       AppendReference(out, units[i]);
     }

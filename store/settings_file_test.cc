@@ -112,7 +112,8 @@ TEST_F(SettingsFileTest, FileOfTheDevicesStoreStillLoads) {
   // Blank-free values, CR LF line ends, blanks in a header and a key, and
   // keys of a deleted entry behind LIST_SIZE.
   WriteFile("[OPTION_SETTING]\r\nGAIJI_REPLACE=0\r\nLINK_VISIBLE=1\r\n[ DICT_LIST ]\r\n"
-            "LIST_SIZE = 1\r\nTITLE_0000=\x8d\x4c\x8e\xab\x89\x91\r\nPATH_0000=\\SD\\epwing\\koji\r\n"
+            "LIST_SIZE = 1\r\nTITLE_0000=\x8d\x4c\x8e\xab\x89\x91\r\n"
+            "PATH_0000=\\SD\\epwing\\koji\r\n"
             "BOOKNUM_0000=2\r\nTITLE_0001=gone\r\n");
   list_ = Load();
   EXPECT_EQ(options_.gaijiReplace, 0);
@@ -130,7 +131,8 @@ TEST_F(SettingsFileTest, CutFileBesideAGoodBackupLosesNothing) {
 
   testing::internal::CaptureStderr();
   DictionaryEntryArray loaded = Load();
-  EXPECT_NE(testing::internal::GetCapturedStderr().find("backup was taken back"), std::string::npos);
+  const std::string said = testing::internal::GetCapturedStderr();
+  EXPECT_NE(said.find("backup was taken back"), std::string::npos);
   ExpectSame(loaded, list_);
   EXPECT_EQ(ReadFile(), whole);
   EXPECT_FALSE(std::filesystem::exists(HostFile(".BAK")));
