@@ -102,10 +102,19 @@ bool SaveSettings(const CString& path, const DisplayOptions& options,
                   const DictionaryEntryArray& list, int32_t builtinCount) {
   int32_t count = static_cast<int32_t>(list.size());
   builtinCount = std::clamp(builtinCount, 0, count);
+  const int32_t size = count - builtinCount;
   IniStore store(path, HoldsEveryLoadedKey);
+  if (store.LoadState() == IniLoad::kTooLarge || store.LoadState() == IniLoad::kUnreadable)
+    return false;  // said at start
+  if (size > kMaxStoredDictionaries) {
+    std::fprintf(stderr,
+                 "epwingdict: the settings could not be saved: %d dictionaries are more than "
+                 "the %d that a start reads\n",
+                 static_cast<int>(size), static_cast<int>(kMaxStoredDictionaries));
+    return false;
+  }
   for (const OptionKey& option : kOptionKeys)
     store.SetValue(kOptionSection, option.key, Number(options.*option.field));
-  int32_t size = count - builtinCount;
   store.SetValue(kListSection, u"LIST_SIZE", Number(size));
   for (int32_t n = 0; n < size; ++n) {
     const DictionaryEntry& entry = list[static_cast<size_t>(builtinCount + n)];
@@ -116,7 +125,7 @@ bool SaveSettings(const CString& path, const DisplayOptions& options,
   switch (store.Save()) {
     case IniSave::kSaved:
       return true;
-    case IniSave::kNotLoaded:  // said at start
+    case IniSave::kNotLoaded:  // not met: handled above
       return false;
     case IniSave::kReadOnly:
       Say("epwingdict: the settings could not be saved: %s is read-only\n", path);

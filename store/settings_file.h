@@ -42,11 +42,13 @@
 #include "store/display_options.h"
 #include "store/ini_store.h"
 
-// A load takes at most as many registered dictionaries as a file within
-// the size limit can hold, so that a damaged LIST_SIZE cannot fill memory:
-// the smallest entry, "TITLE_0000=\nPATH_0000=\nBOOKNUM_0000=0\n", takes
-// 38 bytes.
-constexpr int32_t kMaxStoredDictionaries = static_cast<int32_t>(kMaxIniBytes / 38);
+// A load takes at most this many registered dictionaries, so that a
+// damaged LIST_SIZE can neither fill memory nor make every later save fail:
+// their keys keep four digits, and as many entries with no title and no
+// path (38 bytes each) fit in a file within the size limit twice over.
+// Users register a few dozen; a save of more is refused rather than have
+// the next start drop some.
+constexpr int32_t kMaxStoredDictionaries = 9999;
 
 // The device name of the program's folder, without a trailing backslash:
 // what the program's own path holds before its last backslash, or "." when

@@ -92,6 +92,15 @@ TEST_F(SettingsFileTest, FailureTable) {
     WriteFile(std::string("[DICT_LIST]\nLIST_SIZE=") + size + "\n");
     EXPECT_EQ(Load().size(), count) << size;
   }
+  list_ = Load();
+  EXPECT_TRUE(SaveSettings(path_, options_, list_, 0));  // and the next start reads them
+  EXPECT_EQ(Load().size(), size_t{kMaxStoredDictionaries});
+  list_.push_back({});
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(SaveSettings(path_, options_, list_, 0));  // one more would be dropped
+  EXPECT_NE(testing::internal::GetCapturedStderr().find("dictionaries are more than"),
+            std::string::npos);
+  EXPECT_EQ(Load().size(), size_t{kMaxStoredDictionaries});
 }
 
 TEST_F(SettingsFileTest, RegistrationsComeBackExactly) {
