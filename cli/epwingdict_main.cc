@@ -25,6 +25,7 @@
 #include "controls/presenter_pair.h"
 #include "terminal/transcript_writer.h"
 #include "platform/device_path.h"
+#include "project_version.h"
 
 namespace {
 
@@ -59,6 +60,7 @@ const char kUsage[] =
     "                    installed; none: no speech. Default: espeak at the\n"
     "                    keyboard, none with --keys\n"
     "  --help            this text\n"
+    "  --version         the version\n"
     "\n"
     "Key names: KEY_OPTION_VALUE 16, KEY_OPTION_UP 24, KEY_PREV_CTRL 28,\n"
     "KEY_EDIT_POPUP 41, KEY_OPTION_DOWN 48, KEY_MENU 58, KEY_BACK 88,\n"
@@ -80,13 +82,17 @@ int Fail(const std::string& message) {
   return 2;
 }
 
-// 0 when the options were read, else the exit code (-1: --help shown).
+// 0 when the options were read, else the exit code (-1: --help or --version shown).
 int ReadOptions(int argc, char** argv, Options& options) {
   for (int i = 1; i < argc; ++i) {
     const std::string option = argv[i];
     if (option == "--help" || option == "-h") {
       std::fputs(kUsage, stdout);
       std::fputs(kTerminalKeyHelp, stdout);
+      return -1;
+    }
+    if (option == "--version") {
+      print_version("epwingdict");
       return -1;
     }
     std::string* target = option == "--keys"         ? &options.keys

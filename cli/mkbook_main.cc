@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "project_version.h"
 #include "tools/book_builder.h"
 #include "tools/book_writer.h"
 #include "tools/edict_import.h"
@@ -27,7 +28,8 @@ const char kUsage[] =
     "  --from-edict FILE a Japanese-English book of every entry of FILE, the\n"
     "                    EDICT dictionary (EUC-JP): kana, head-word and English keys\n"
     "  --ebook           the Electronic Book layout (\"catalog\", DIR/BOOK/start)\n"
-    "  --help            this text\n";
+    "  --help            this text\n"
+    "  --version         the version\n";
 
 int fail_usage(const char* reason) {
   fprintf(stderr, "mkbook: %s\n%s", reason, kUsage);
@@ -45,6 +47,9 @@ int main(int argc, char** argv) {
     const std::string arg = argv[i];
     if (arg == "--help" || arg == "-h") {
       fputs(kUsage, stdout);
+      return 0;
+    } else if (arg == "--version") {
+      print_version("mkbook");
       return 0;
     } else if (arg == "--ebook") {
       ebook = true;

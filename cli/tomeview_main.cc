@@ -1,44 +1,58 @@
 // tomeview: one run of the book engine over the command's own arguments and
 // environment, exactly as the application runs it in-process. The engine
-// writes Shift-JIS; only a UTF-8 terminal sees UTF-8 instead (and may type
-// keywords in UTF-8). The options are described in docs/tomeview.md.
-#include <unistd.h>
-
+// writes Shift-JIS; the text goes out in the locale's encoding (or as
+// --sjis/--utf8 choose), and keywords typed in UTF-8 are searched as
+// Shift-JIS. The exit status tells whether the run reported a failure. The
+// options are described in docs/tomeview.md and tomeview(1).
+#include <cstdio>
 #include <string>
 #include <vector>
 
-#include "terminal/terminal_output.h"
+#include "cli/tomeview_options.h"
 #include "engine/engine.h"
 #include "engine/engine_state.h"
-
-namespace {
-
-// `stream` converted for a UTF-8 terminal, or null when it is no terminal.
-FILE* terminal_stream(FILE* stream, bool utf8, FILE* (*open)(FILE*)) {
-  return utf8 && isatty(fileno(stream)) ? open(stream) : nullptr;
-}
-
-}  // namespace
+#include "project_version.h"
+#include "terminal/terminal_output.h"
 
 int main(int argc, char** argv) {
-  bool utf8 = user_locale_is_utf8();
-  std::vector<std::string> words;
-  for (int i = 0; i < argc; ++i) words.push_back(i == 0 ? argv[i] : shift_jis_keyword(argv[i]));
+  const TomeviewCall call = read_tomeview_options(argc, argv);
+  switch (call.kind) {
+    case TomeviewCall::kHelp:
+      std::fputs(kTomeviewHelp, stdout);
+      return 0;
+    case TomeviewCall::kVersion:
+      print_version("tomeview");
+      return 0;
+    case TomeviewCall::kUsageError:
+      std::fprintf(stderr, "tomeview: %s\nTry 'tomeview --help'.\n", call.error.c_str());
+      return 2;
+    case TomeviewCall::kRun:
+      break;
+  }
+  const bool utf8 = call.encoding == TextEncoding::kLocale ? user_locale_is_utf8()
+                                                          : call.encoding == TextEncoding::kUtf8;
+  std::vector<std::string> words{argv[0]};
+  for (int i = call.first_engine_arg; i < argc; ++i) words.push_back(shift_jis_keyword(argv[i]));
   std::vector<char*> engine_argv;
   for (std::string& word : words) engine_argv.push_back(word.data());
   engine_argv.push_back(nullptr);
 
-  FILE* in = terminal_stream(stdin, utf8, open_utf8_reader);
-  FILE* out = terminal_stream(stdout, utf8, open_utf8_writer);
-  FILE* err = terminal_stream(stderr, utf8, open_utf8_writer);
+  FILE* in = utf8 ? open_utf8_reader(stdin) : nullptr;
+  FILE* out = utf8 ? open_utf8_writer(stdout) : nullptr;
+  FILE* err = utf8 ? open_utf8_writer(stderr) : nullptr;
   if (in) engine.std_in = in;
   if (out) engine.std_out = out;
   if (err) engine.std_err = err;
 
-  engine_main(argc, engine_argv.data());
+  engine_main(static_cast<int>(words.size()), engine_argv.data());
 
   for (FILE* stream : {in, out, err}) {
-    if (stream) fclose(stream);
+    if (stream) std::fclose(stream);
   }
-  return 0;
+  int status = tomeview_status(engine.failure_count, engine.bad_option_count);
+  if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
+    std::fputs("tomeview: cannot write the output\n", stderr);
+    status = 1;
+  }
+  return status;
 }

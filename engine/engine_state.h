@@ -117,6 +117,8 @@ struct EngineState {
   uint32_t block_uses;          // uses of blocks so far, for last_use
   FILE* output;                 // where results go
   CaptureBuffer capture;        // set only around engine_catalog
+  int32_t failure_count;        // "error %d." lines of this run
+  int32_t bad_option_count;     // arguments of this run refused as bad options
   int32_t forward_index_seen;   // 1 once a forward index was described
   char catalog_title[88];       // scratch of open_catalog: a title, then a path
   const char* number_end;       // where the last parse_number stopped

@@ -2,4 +2,7 @@
 
 #include "engine/engine_state.h"
 
-void engine_fail(int number) { fprintf(engine.std_out, "error %d.\n", number); }
+void engine_fail(int number) {
+  ++engine.failure_count;
+  fprintf(engine.std_out, "error %d.\n", number);
+}

@@ -66,6 +66,8 @@ void prompt_loop() {
 void engine_main(int argc, char** argv) {
   engine.output = engine.std_out;
   engine.current_file = nullptr;
+  engine.failure_count = 0;
+  engine.bad_option_count = 0;
   read_environment();
   engine.cut_length = 0;
   engine.multi_index = 0;

@@ -171,6 +171,7 @@ void run_option(char* argument) {
 bool path_fits(const char* path) { return strlen(path) < static_cast<size_t>(kPathSize); }
 
 void print_bad_option(const char* option, const char* value) {
+  ++engine.bad_option_count;
   fprintf(engine.std_out, "%s%s:オプション指定が間違っています\n", option, value);
 }
 

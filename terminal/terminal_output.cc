@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 #include <langinfo.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -131,8 +132,8 @@ FILE* open_utf8_writer(FILE* terminal) {
     close_utf8_writer(writer);
     return nullptr;
   }
-  // As a terminal's own stream: out at each line end.
-  setvbuf(stream, nullptr, _IOLBF, BUFSIZ);
+  // As the underlying stream would be: out at each line end on a terminal.
+  setvbuf(stream, nullptr, isatty(fileno(terminal)) ? _IOLBF : _IOFBF, BUFSIZ);
   return stream;
 }
 

@@ -1,6 +1,7 @@
-// What stands between the engine's Shift-JIS and a Linux terminal whose
-// locale is UTF-8. Pipes and files never go through this: they get the
-// engine's bytes unchanged.
+// What stands between the engine's Shift-JIS and a user whose locale is
+// UTF-8: tomeview's standard streams, on a terminal or in a pipe, when the
+// text is to go out in UTF-8. Files the engine writes itself (-O) never go
+// through this.
 #ifndef TERMINAL_TERMINAL_OUTPUT_H_
 #define TERMINAL_TERMINAL_OUTPUT_H_
 
@@ -12,13 +13,15 @@
 // does not depend on it.
 bool user_locale_is_utf8();
 
-// A stream whose Shift-JIS bytes reach `terminal` as UTF-8. A double-byte
-// character split between two writes is carried over; a byte that is no
-// Shift-JIS shows as U+FFFD. Closing it flushes `terminal` but leaves it open.
+// A stream whose Shift-JIS bytes reach `terminal` (a terminal, pipe or file)
+// as UTF-8. A double-byte character split between two writes is carried
+// over; a byte that is no Shift-JIS shows as U+FFFD. Line-buffered on a
+// terminal, fully buffered otherwise. Closing it flushes `terminal` but
+// leaves it open.
 FILE* open_utf8_writer(FILE* terminal);
 
-// A stream that reads lines typed in UTF-8 on `terminal` and gives them as
-// shift_jis_keyword gives them.
+// A stream that reads lines in UTF-8 from `terminal` (or a pipe) and gives
+// them as shift_jis_keyword gives them.
 FILE* open_utf8_reader(FILE* terminal);
 
 // A keyword typed in UTF-8 becomes Shift-JIS: `text` is converted when it is
