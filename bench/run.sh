@@ -1,9 +1,11 @@
 #!/bin/bash
-# `make bench`: lookup speed of the EDICT book against look(1) and grep -F,
-# in-process lookups as the application makes them, peak memory of one
-# lookup, the time mkbook takes to build the book, and starts and closes
-# over the settings file (settings_bench). Prints a table, then
-# one "name value unit" line per figure.
+# `make bench`: lookup speed of the EDICT book against true(1) (the cost of
+# starting any process), look(1) and grep -F, measured side by side in one
+# run; in-process lookups as the application makes them, with their user
+# and system time and system calls; peak memory of one lookup, the time
+# mkbook takes to build the book, and starts and closes over the settings
+# file (settings_bench). Prints a table, then one "name value unit" line per
+# figure.
 set -e
 build=${1:-build}
 bin=$build/bin
@@ -12,9 +14,12 @@ edict=/usr/share/edict/edict
 work=$build/bench
 repeats=5
 
-if [ ! -f "$edict" ]; then
-  echo "== installing the edict package"
-  apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq edict >/dev/null
+missing=""
+[ -f "$edict" ] || missing="$missing edict"
+command -v strace >/dev/null || missing="$missing strace"
+if [ -n "$missing" ]; then
+  echo "== installing:$missing"
+  apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq $missing >/dev/null
 fi
 mkdir -p "$work"
 
@@ -45,23 +50,33 @@ iconv -f EUC-JP -t UTF-8 "$edict" | awk -F' /' 'NR > 1 {
 iconv -f UTF-8 -t CP932 "$here/words.txt" > "$work/words.sjis"
 
 # 1. Whole-process lookups, side by side, word by word.
-: > "$work/tomeview.us"; : > "$work/look.us"; : > "$work/grep.us"
+: > "$work/tomeview.us"; : > "$work/true.us"; : > "$work/look.us"; : > "$work/grep.us"
 while IFS= read -r word; do
   sjis=$(printf '%s' "$word" | iconv -f UTF-8 -t CP932)
   euc=$(printf '%s' "$word" | iconv -f UTF-8 -t EUC-JP)
   lower=$(printf '%s' "$word" | tr 'A-Z' 'a-z')
   for _ in $(seq $repeats); do
     t=$(now_us); "$bin/tomeview" "-D$book" "$sjis" >/dev/null; echo $(( $(now_us) - t )) >> "$work/tomeview.us"
+    t=$(now_us); /usr/bin/true "-D$book" "$sjis" >/dev/null; echo $(( $(now_us) - t )) >> "$work/true.us"
     t=$(now_us); LC_ALL=C look "$lower" "$work/keys" >/dev/null || true; echo $(( $(now_us) - t )) >> "$work/look.us"
     t=$(now_us); LC_ALL=C grep -F "$euc" "$edict" >/dev/null || true; echo $(( $(now_us) - t )) >> "$work/grep.us"
   done
 done < "$here/words.txt"
 tomeview_us=$(median < "$work/tomeview.us")
+true_us=$(median < "$work/true.us")
 look_us=$(median < "$work/look.us")
 grep_us=$(median < "$work/grep.us")
 
-# 2. In-process lookups through engine_output and the work file.
+# 2. In-process lookups through engine_output and the work file; then the
+# system calls of one lookup, as the difference between runs of 1 and 1001
+# lookups, so that the program's own start is left out.
 "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" 10000 2> "$work/inprocess.txt"
+syscalls() {
+  strace -c -o "$work/strace.txt" "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" "$1" 2>/dev/null
+  awk '$NF == "total" { print $4 }' "$work/strace.txt"
+}
+calls_1=$(syscalls 1)
+calls_1001=$(syscalls 1001)
 
 # 5. Starts and closes over the settings file.
 "$bin/settings_bench" "$work/settings" 20 > "$work/settings.txt"
@@ -71,12 +86,16 @@ rss_kib=$( { /usr/bin/time -f '%M' "$bin/tomeview" "-D$book" "$(printf 'はな' 
 
 figures=$(
   awk -v t="$tomeview_us" -v l="$look_us" -v g="$grep_us" -v r="$rss_kib" \
-      -v b="$build_us" -v e="$entries" -v w="$(wc -l < "$here/words.txt")" 'BEGIN {
+      -v b="$build_us" -v e="$entries" -v w="$(wc -l < "$here/words.txt")" \
+      -v tr="$true_us" -v c1="$calls_1" -v c2="$calls_1001" 'BEGIN {
     printf "lookup_words %d words\n", w
     printf "lookup_median_tomeview %.2f ms\n", t / 1000
+    printf "lookup_median_true %.2f ms\n", tr / 1000
     printf "lookup_median_look %.2f ms\n", l / 1000
     printf "lookup_median_grep %.2f ms\n", g / 1000
+    printf "lookup_ratio_tomeview_true %.2f ratio\n", t / tr
     printf "lookup_ratio_tomeview_look %.2f ratio\n", t / l
+    printf "inprocess_syscalls_per_lookup %.1f calls\n", (c2 - c1) / 1000
     printf "peak_rss_tomeview %.2f MiB\n", r / 1024
     printf "edict_build_time %.2f s\n", b / 1e6
     printf "edict_build_entries_per_s %.0f entries/s\n", e / (b / 1e6)
