@@ -116,6 +116,7 @@ struct EngineState {
   BookBlock blocks[kBlockCount];  // blocks of the open book files, read once each
   uint32_t block_uses;          // uses of blocks so far, for last_use
   FILE* output;                 // where results go
+  char output_buffer[8192];     // the buffer of an output file of -O
   CaptureBuffer capture;        // set only around engine_catalog
   int32_t failure_count;        // "error %d." lines of this run
   int32_t bad_option_count;     // arguments of this run refused as bad options

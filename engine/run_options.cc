@@ -37,6 +37,9 @@ void redirect_output(const char* path) {
     host_perror(path);
     return;
   }
+  // A buffer of the engine's own: the stream need not ask the system how
+  // to buffer the file.
+  setvbuf(file, engine.output_buffer, _IOFBF, sizeof engine.output_buffer);
   engine.output = file;
 }
 
