@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "platform/device_path.h"
 #include "store/catalog_text.h"
 

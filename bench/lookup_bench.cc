@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 
 int main(int argc, char** argv) {
   if (argc < 4) {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "cli/tomeview_options.h"
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "engine/engine_state.h"
 #include "project_version.h"
 #include "terminal/terminal_output.h"

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "engine/file_access.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"

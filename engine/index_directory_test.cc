@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "engine/engine_state.h"
 #include "engine/file_access.h"
 #include "testing/engine_runner.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "fuzz/book_input.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "fuzz/book_input.h"
 #include "fuzz/key_input.h"
 #include "testing/temp_tree.h"

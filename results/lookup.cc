@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "platform/code_page.h"
 #include "platform/device_path.h"
 #include "platform/file_calls.h"

@@ -10,7 +10,7 @@
 
 #include <cstdint>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "store/catalog_text.h"
 #include "store/dictionary_list.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "engine/engine_state.h"
 
 namespace {

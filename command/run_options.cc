@@ -1,14 +1,14 @@
 // One argument of a run (engine_arg): the option letters, positions and
-// keywords. Options are dispatched on their upper-cased letter; a row that
-// gains its Part gets its own case below.
+// keywords. Options are dispatched on their upper-cased letter, each in a
+// case of its own.
 #include <cstring>
 
+#include "command/run.h"
 #include "engine/catalog.h"
 #include "engine/file_access.h"
 #include "engine/host.h"
 #include "engine/index_directory.h"
 #include "engine/number.h"
-#include "engine/run.h"
 #include "search/index_search.h"
 #include "search/inspection.h"
 #include "text/decoder.h"

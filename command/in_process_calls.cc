@@ -9,9 +9,9 @@
 // engine_output no output file).
 #include <cstring>
 
-#include "engine/engine.h"
+#include "command/engine.h"
+#include "command/run.h"
 #include "engine/engine_state.h"
-#include "engine/run.h"
 
 namespace {
 

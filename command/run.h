@@ -1,7 +1,7 @@
 // The inside of a run: one argument, the usage text, the state dump. The
-// entries from outside are in engine/engine.h.
-#ifndef ENGINE_RUN_H_
-#define ENGINE_RUN_H_
+// entries from outside are in command/engine.h.
+#ifndef COMMAND_RUN_H_
+#define COMMAND_RUN_H_
 
 // Treats one argument of a run: an option ("-x..." or "/x..."), a position
 // (digits) or a keyword. The argument is not written to.
@@ -22,4 +22,4 @@ void print_bad_option(const char* option, const char* value);
 // that doesn't is refused before anything copies it.
 bool path_fits(const char* path);
 
-#endif  // ENGINE_RUN_H_
+#endif  // COMMAND_RUN_H_

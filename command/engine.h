@@ -1,8 +1,8 @@
 // The entries by which the application and the command line enter the
 // book engine. Each runs to its end on the caller's thread; the engine is
 // not reentrant.
-#ifndef ENGINE_ENGINE_H_
-#define ENGINE_ENGINE_H_
+#ifndef COMMAND_ENGINE_H_
+#define COMMAND_ENGINE_H_
 
 #include <cstdint>
 
@@ -24,4 +24,4 @@ int32_t engine_has_forward_index(const char* drive, int32_t book);
 void engine_output(const char* drive, int32_t book, const char* output_path,
                    const char* argument);
 
-#endif  // ENGINE_ENGINE_H_
+#endif  // COMMAND_ENGINE_H_

@@ -1,8 +1,8 @@
 // The usage text, printed by a run without arguments.
 #include <cstring>
 
+#include "command/run.h"
 #include "engine/engine_state.h"
-#include "engine/run.h"
 
 namespace {
 

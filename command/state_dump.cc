@@ -1,6 +1,6 @@
 // The -A dump: the run's settings and every debug flag, to output.
+#include "command/run.h"
 #include "engine/file_access.h"
-#include "engine/run.h"
 #include "text/gaiji.h"
 
 namespace {

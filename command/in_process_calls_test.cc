@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "engine/engine.h"
+#include "command/engine.h"
 #include "engine/engine_state.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"

@@ -2,12 +2,12 @@
 // argument in turn, the prompt loop, and the close-down.
 #include <cstring>
 
+#include "command/engine.h"
+#include "command/run.h"
 #include "engine/catalog.h"
-#include "engine/engine.h"
 #include "engine/file_access.h"
 #include "engine/host.h"
 #include "engine/number.h"
-#include "engine/run.h"
 #include "text/gaiji.h"
 
 namespace {
