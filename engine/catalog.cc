@@ -41,6 +41,8 @@
 namespace {
 
 constexpr uint32_t kBookTypeFlags = DF_ENCYCLOPEDIA | DF_EBOOK;
+constexpr int32_t kEpwingRecordSize = 164;
+constexpr int32_t kEbookRecordSize = 40;
 
 struct CatalogName {
   const char* name;  // path under drive_path
@@ -128,6 +130,22 @@ const char* open_catalog(int32_t book) {
     cdseek(18, 0);
   }
   const int title_size = ebook ? 30 : 80;
+  if (!listing && !encyclopedia) {
+    // A book's record is read at its place: opening the last of 65535
+    // books costs what opening the first does.
+    const char* path = nullptr;
+    if (book >= 0 && book < count) {
+      cdseek(18 + book * (ebook ? kEbookRecordSize : kEpwingRecordSize), 0);
+      read_title(title_size);
+      if (!cdeof()) {  // else the count claims more records than the catalog holds
+        read_directory();
+        strcat(engine.catalog_title, ebook ? "/start" : "/data/honmon");
+        path = engine.catalog_title;
+      }
+    }
+    cdclose();
+    return path;
+  }
   for (int32_t number = 0; number < count; ++number) {
     read_title(title_size);
     if (cdeof()) break;  // the count claims more records than the catalog holds
@@ -139,14 +157,9 @@ const char* open_catalog(int32_t book) {
       engine.flags |= DF_FILE_TABLE;
       return "start";
     }
-    if (listing) fprintf(engine.output, "-B%d ; %s : ", static_cast<int>(number), engine.catalog_title);
+    fprintf(engine.output, "-B%d ; %s : ", static_cast<int>(number), engine.catalog_title);
     read_directory();
-    if (listing) fprintf(engine.output, "%s\n", engine.catalog_title);
-    if (number == book) {
-      cdclose();
-      strcat(engine.catalog_title, ebook ? "/start" : "/data/honmon");
-      return engine.catalog_title;
-    }
+    fprintf(engine.output, "%s\n", engine.catalog_title);
     cdseek(ebook ? 2 : 76, 1);
   }
   cdclose();

@@ -41,8 +41,9 @@
 // order they stand; that number is what -X selects.
 //
 // Counts are read as they stand, but a damaged book cannot make a scan
-// endless: the directory is read no further than its page, and the scans
-// of entries and definitions end where the reads run off the end of the
+// endless: the directory is read no further than its page, the
+// definitions of an entry no further than theirs, and the scans of
+// entries and definitions end where the reads run off the end of the
 // book.
 #include "engine/index_directory.h"
 
@@ -121,6 +122,14 @@ long last_page(int32_t first_page, int32_t page_count) {
                               static_cast<uint32_t>(page_count) - 1u);
 }
 
+// Whether the definition whose component count was just read ends on its
+// page: the definitions of an entry stand on one page, and a damaged count
+// of definitions or components never takes a scan beyond it.
+bool definition_on_page(int32_t page, int components) {
+  const int64_t start = int64_t{cdtell()} - 1;
+  return start + 2 + kTitleBytes + int64_t{kEntrySize} * components <= int64_t{page} * kPageSize;
+}
+
 // Opens the book when nothing is open and goes to its head.
 void go_to_book_head() {
   if (engine.current_file != nullptr) {
@@ -142,7 +151,7 @@ bool find_in_definitions(int32_t page, int32_t* number, int32_t* page_found) {
   cdseek(14, 1);
   for (int32_t d = 0; d < definitions; ++d, ++*number) {
     int components = cdgetbyte();
-    if (cdeof()) return false;
+    if (cdeof() || !definition_on_page(page, components)) return false;
     cdseek(1 + kTitleBytes, 1);
     if (*number != engine.multi_index) {
       cdseek(kEntrySize * components, 1);
@@ -172,7 +181,7 @@ void list_definitions(int32_t page, int32_t* number) {
   cdseek(14, 1);
   for (int32_t d = 0; d < definitions; ++d) {
     int components = cdgetbyte();
-    if (cdeof()) return;
+    if (cdeof() || !definition_on_page(page, components)) return;
     cdseek(1, 1);
     fprintf(engine.output, "+\t\t  -X%d:\t", static_cast<int>((*number)++));
     if (engine.flags & DF_ENGLISH) {

@@ -15,7 +15,10 @@
 namespace {
 
 // Each dump of a page stops behind the first entry read past the end of the
-// book: a damaged count claims up to 65535 entries.
+// page or of the book: a damaged count claims up to 65535 entries, and an
+// entry of a whole book never runs over the end of its page.
+bool past_page(int32_t page) { return cdeof() || int64_t{cdtell()} > int64_t{page} * kPageSize; }
+
 void dump_branch(int32_t page) {
   int n = cdgetbyte();
   int count = cdgetword();
@@ -31,7 +34,7 @@ void dump_branch(int32_t page) {
       fprintf(engine.std_err, "%s has same entry in page %ld\n", key, static_cast<long>(page));
     memcpy(previous, key, static_cast<size_t>(n) + 1);
     has_previous = true;
-    if (cdeof()) return;
+    if (past_page(page)) return;
   }
 }
 
@@ -40,14 +43,14 @@ void dump_positions() {
   fprintf(engine.output, "-> %ld\n", static_cast<long>(read_index_position()));
 }
 
-void dump_plain_leaf() {
+void dump_plain_leaf(int32_t page) {
   cdgetbyte();
   int count = cdgetword();
   fprintf(engine.output, ", num=%d\n", count);
   for (int i = 0; i < count; ++i) {
     cdshowkey(cdgetbyte());
     dump_positions();
-    if (cdeof()) return;
+    if (past_page(page)) return;
   }
 }
 
@@ -105,7 +108,7 @@ void dump_group_leaf(int32_t page, char* head_key, int* members_left) {
               static_cast<long>(at), type);
       return;  // the rest of the page can't be told apart
     }
-    if (cdeof()) return;
+    if (past_page(page)) return;
   }
   if (*members_left != 0) fputs("次ページに継続します\n", engine.output);
 }
@@ -130,11 +133,14 @@ void cdindexdump(int32_t identifier) {
     if ((kind & 0x9F) == 0x00) {
       dump_branch(page);
     } else if ((kind & 0x9F) == 0x80) {
-      dump_plain_leaf();
+      dump_plain_leaf(page);
     } else if ((kind & 0x9F) == 0x90 && kind != 0xF0) {
       dump_group_leaf(page, head_key, &members_left);
     } else {
+      // No page of an index: a damaged page count runs on into other
+      // areas, and nothing behind this page is read as an index.
       fprintf(engine.std_err, "\n変なページＩＤ %ld %02X\n", static_cast<long>(page), kind);
+      break;
     }
   }
   engine.flags &= ~DF_GROUP_SEARCH;

@@ -50,4 +50,63 @@ TEST(Inspection, AreaBeyondEveryPosition) {
   EXPECT_EQ(run.err, "End of file, 4398046476288(2147483631 page)left.\n");
 }
 
+// How often `part` stands in `text`.
+size_t count_of(const std::string& text, const std::string& part) {
+  size_t count = 0;
+  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+// A damaged page count carries the dumps over the whole book: the index
+// dump stops at the first page that is no index page, each page's entries
+// at the end of the page, and the text scan once the words stop looking
+// like text. The output stays far below the book's own size.
+TEST(Inspection, DamagedCountsStayWithinTheArea) {
+  const std::filesystem::path root = fresh_directory("dump_damaged_counts");
+  BookTree tree;
+  Book& book = tree.add_book(utf8(u8"辞書"), "JITEN");
+  // An index of 8 branch pages, each claiming 65535 entries of 2-byte keys
+  // but holding 340, then 64 pages of words that are no text (0x0101).
+  std::string branch = std::string("\x00\x02\xFF\xFF", 4) + std::string(2044, '\x21');
+  std::string index;
+  for (int i = 0; i < 8; ++i) index += branch;
+  const int32_t first = book.text.add_area(0x91, index);
+  const std::string odd_words(64 * 2048, '\x01');
+  book.text.add_area(0x00, odd_words);
+  book.text.add_entry({0x92, first, 0x7FFFFFF0});
+  book.text.add_entry({0x01, first + 8, 0x7FFFFFF0});
+  tree.write(root);
+  const std::string dir = "-D" + root.string();
+
+  const EngineRun dump = run_engine({dir, "-Q0x92"});
+  // The 8 pages of the index, and the head of the first page behind it.
+  EXPECT_EQ(count_of(dump.out, "Page "), 9u);
+  // 340 entries a page and the one that runs over its end.
+  EXPECT_EQ(count_of(dump.out, "\n"), 8u * 342);
+  EXPECT_NE(dump.err.find("変なページＩＤ " + std::to_string(first + 8) + " 01"), std::string::npos);
+
+  const EngineRun scan = run_engine({dir, "-T1"});
+  EXPECT_EQ(count_of(scan.out, ">"), 256u);
+  EXPECT_NE(scan.err.find("Too many odd words, the scan stops at"), std::string::npos);
+  EXPECT_LT(scan.out.size() + scan.err.size(), odd_words.size() / 4);
+}
+
+// Multi-search definitions are read no further than their page, however
+// many the count claims: here 65535 of them, 63 of which fit, on the first
+// of 32 pages that all look the same.
+TEST(Inspection, DefinitionsStayOnTheirPage) {
+  const std::filesystem::path root = fresh_directory("definitions_on_page");
+  std::string page = std::string("\xFF\xFF", 2) + std::string(2046, '\0');
+  std::string pages;
+  for (int i = 0; i < 32; ++i) pages += page;
+  BookTree tree;
+  Book& book = tree.add_book(utf8(u8"辞書"), "JITEN");
+  book.text.add_area(0xFF, pages);
+  book.text.add_area(0xFF, pages);
+  tree.write(root);
+  const std::string listing = run_engine({"-D" + root.string(), "-V"}).out;
+  EXPECT_EQ(count_of(listing, "-X"), 2u * 63);
+  EXPECT_NE(listing.find("-X126:"), std::string::npos);
+}
+
 }  // namespace

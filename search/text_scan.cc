@@ -1,7 +1,8 @@
 // cdtextscan (-T): walks a text area word by word and tabulates the control
 // codes 0x1F00..0x1FFF it meets, with the position where each first stood,
 // so that the operand table can be proved against a book. A code the table
-// doesn't know is asked for at the console.
+// doesn't know is asked for at the console. The scan ends with the area,
+// the book, or too many odd words, whichever comes first.
 #include <cstdlib>
 
 #include "engine/book_end.h"
@@ -13,6 +14,10 @@
 namespace {
 
 constexpr int kCodes = 256;
+// Odd words shown before the scan gives up: each shows 13 words, and an
+// area that holds this many is no text (a damaged page count has carried
+// the scan into indexes or fonts).
+constexpr int kMaxOddWords = 256;
 
 // Operand words of the codes whose count is fixed by the format.
 void set_default_operands() {
@@ -88,6 +93,7 @@ void cdtextscan(int32_t identifier) {
 
   // A damaged directory may place the area past every 32-bit position.
   const int64_t end = (int64_t{page} + engine.index_pages - 1) * kPageSize;
+  int odd_words = 0;
   for (int64_t budget = int64_t{engine.index_pages} * 1024 - 1; budget > 0;) {
     int32_t at = cdtell();
     int word = cdgetword();
@@ -101,6 +107,10 @@ void cdtextscan(int32_t identifier) {
     }
     if (word == 0) continue;
     if (word < 0x1F00) {
+      if (odd_words++ == kMaxOddWords) {
+        fprintf(engine.std_err, "Too many odd words, the scan stops at %ld.\n", static_cast<long>(at));
+        break;
+      }
       show_odd_word(at);
       continue;
     }
