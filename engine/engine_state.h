@@ -64,6 +64,22 @@ struct LogicalFile {
   FILE* stream;        // the file while open, else null
 };
 
+// Bytes of the buffer of a search key made by cdnormkey: 255 two-byte
+// characters and the final byte 0.
+constexpr int kKeyBufferSize = 512;
+// Bytes of the buffer of a key folded by cdfoldkey: a key of at most 511
+// bytes never grows.
+constexpr int kFoldBufferSize = 600;
+// Definition tables loaded from files held at once: every table pointer
+// holds at most one, so a few cover the full and the half-width table.
+constexpr int kGaijiTableSlots = 4;
+
+// A definition table that cdgaijiload loaded from a file and owns.
+struct LoadedGaijiTable {
+  unsigned char* block;       // records, then one byte 0 of our own; null when free
+  const unsigned char* end;   // behind the last byte of the file's contents
+};
+
 // Bytes of one block of a book file as read and kept, and the blocks kept.
 // A block starts at a multiple of its size in its file.
 constexpr int kBlockSize = 4096;
@@ -110,6 +126,7 @@ struct EngineState {
   int32_t cut_length;           // bytes of the next raw cut (-Y)
   const unsigned char* gaiji_table;    // full-width external-character texts
   const unsigned char* hankaku_table;  // half-width external-character texts
+  LoadedGaijiTable gaiji_files[kGaijiTableSlots];  // the tables loaded from files
   LogicalFile* file_table;      // table of logical files in use or reported
   FILE* current_file;           // the book file open for reading, or null; see cdforget
   BookReader reader;            // the position and flags of current_file
@@ -127,6 +144,12 @@ struct EngineState {
   int32_t seen_positions[kSeenMax];  // their positions
   const char* search_string;    // the key as prepared for the search
   const char* normalized_key;   // the key compared with the index
+  char key_buffer[kKeyBufferSize];    // the key as cdnormkey made it
+  char fold_buffer[kFoldBufferSize];  // the key as cdfoldkey folded it
+  int32_t walk_first_page;      // first page of the index area the walk keeps to
+  int32_t walk_last_page;       // its last page; 0 when the area's size is not known
+  int32_t walk_visits_left;     // page visits left before the walk gives up
+  int32_t walk_depth;           // pages of the walk open one inside another
   int32_t index_pages;          // pages that an inspection dump covers
   int32_t found_pages;          // page count of the area find_index found last
   int32_t candidate_count;      // group members waiting to be printed

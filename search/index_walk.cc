@@ -76,14 +76,9 @@ constexpr int most_entries(int entry_size) { return (kPageSize - 4) / entry_size
 constexpr int kSmallestPlainEntry = 13;
 constexpr int kSmallestGroupEntry = 7;
 
-int32_t area_first_page;
-int32_t area_last_page;  // 0: not known
-int32_t visits_left;
-int walk_depth;
-
 bool page_in_area(int32_t page) {
-  if (area_last_page == 0) return true;
-  return page >= area_first_page && page <= area_last_page;
+  if (engine.walk_last_page == 0) return true;
+  return page >= engine.walk_first_page && page <= engine.walk_last_page;
 }
 
 int32_t read_page_number() {
@@ -268,8 +263,8 @@ int walk_pages(int32_t page) {
   engine.pending_position = 0;
   int g = 1;
   for (;;) {
-    if (!page_in_area(page) || visits_left <= 0) return 0;
-    --visits_left;
+    if (!page_in_area(page) || engine.walk_visits_left <= 0) return 0;
+    --engine.walk_visits_left;
     cdseekpage(page);
     int identifier = cdgetbyte();
     if (cdeof()) return 0;
@@ -291,26 +286,26 @@ int walk_pages(int32_t page) {
 }  // namespace
 
 void set_walk_area(int32_t first_page, int32_t page_count) {
-  area_first_page = first_page;
+  engine.walk_first_page = first_page;
   if (page_count > 0) {
     // A damaged count may reach past the last 32-bit page number.
-    area_last_page = static_cast<int32_t>(
+    engine.walk_last_page = static_cast<int32_t>(
         std::min<int64_t>(int64_t{first_page} + page_count - 1, INT32_MAX));
     // A walk reaches a page at most once from each level above it.
-    visits_left = page_count < (1 << 20) / kMaxWalkDepth ? page_count * kMaxWalkDepth + kMaxWalkDepth
+    engine.walk_visits_left = page_count < (1 << 20) / kMaxWalkDepth ? page_count * kMaxWalkDepth + kMaxWalkDepth
                                                           : 1 << 20;
   } else {
-    area_last_page = 0;
-    visits_left = kUnknownAreaVisits;
+    engine.walk_last_page = 0;
+    engine.walk_visits_left = kUnknownAreaVisits;
   }
-  walk_depth = 0;
+  engine.walk_depth = 0;
 }
 
 int cdwalk(int32_t page) {
-  if (walk_depth >= kMaxWalkDepth) return 0;
-  ++walk_depth;
+  if (engine.walk_depth >= kMaxWalkDepth) return 0;
+  ++engine.walk_depth;
   int result = walk_pages(page);
-  --walk_depth;
+  --engine.walk_depth;
   return result;
 }
 

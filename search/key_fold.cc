@@ -38,11 +38,7 @@ const unsigned char kana_vowel[kKanaColumns] = {
 
 namespace {
 
-// Folded keys: a search_string of at most 511 bytes never grows.
-constexpr int kFoldBufferSize = 600;
 constexpr int kLongVowel = 0x213C;
-
-char fold_buffer[kFoldBufferSize];
 
 bool in_kana_table(unsigned char column) { return column >= 0x21 && column < 0x21 + kKanaColumns; }
 
@@ -59,13 +55,17 @@ int fold_long_vowel(int neighbour_column) {
 }  // namespace
 
 char* cdfoldkey(char* key) {
-  if (engine.flags & DF_ENGLISH) {
+  return fold_key(key, {engine.flags, engine.index_id}, engine.fold_buffer);
+}
+
+char* fold_key(char* key, KeyMode mode, char* fold_buffer) {
+  if (mode.flags & DF_ENGLISH) {
     strncpy(fold_buffer, key, kFoldBufferSize - 1);
     fold_buffer[kFoldBufferSize - 1] = '\0';
     return fold_buffer;
   }
   // A reversed key (backward index) has the lengthened kana behind the ー.
-  bool reversed = engine.index_id >= 0x70 && engine.index_id <= 0x7F;
+  bool reversed = mode.index_id >= 0x70 && mode.index_id <= 0x7F;
   unsigned char* in = reinterpret_cast<unsigned char*>(key);
   int out = 0;
   for (int i = 0; in[i] != 0 && in[i + 1] != 0 && out < kFoldBufferSize - 2; i += 2) {
@@ -76,9 +76,9 @@ char* cdfoldkey(char* key) {
       code = 0x2300 | static_cast<unsigned char>(toupper(low));
     } else if (high == 0x24 || high == 0x25) {
       unsigned char column = low;
-      if (!(engine.flags & DF_GROUP_SEARCH) && in_kana_table(low)) column = kana_fold[low - 0x21];
+      if (!(mode.flags & DF_GROUP_SEARCH) && in_kana_table(low)) column = kana_fold[low - 0x21];
       code = 0x2400 | column;
-      if (engine.flags & DF_ENCYCLOPEDIA) in[i] = 0x24;
+      if (mode.flags & DF_ENCYCLOPEDIA) in[i] = 0x24;
     } else if (high == 0x21 && low == 0x3C) {
       int neighbour = -1;
       if (!reversed && i >= 2) neighbour = in[i - 1];

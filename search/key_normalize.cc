@@ -24,14 +24,10 @@
 
 namespace {
 
-// 255 two-byte characters and the final byte 0.
-constexpr int kKeyBufferSize = 512;
 constexpr int kMaxKeyCodes = (kKeyBufferSize - 1) / 2;
 
-char key_buffer[kKeyBufferSize];
-
-bool backward_index() { return engine.index_id >= 0x70 && engine.index_id <= 0x7F; }
-bool forward_index() { return engine.index_id >= 0x90 && engine.index_id <= 0x9F; }
+bool backward_index(KeyMode mode) { return mode.index_id >= 0x70 && mode.index_id <= 0x7F; }
+bool forward_index(KeyMode mode) { return mode.index_id >= 0x90 && mode.index_id <= 0x9F; }
 
 int hex_digit(unsigned char c) {
   if (c >= '0' && c <= '9') return c - '0';
@@ -42,24 +38,24 @@ int hex_digit(unsigned char c) {
 
 // The failure numbers of a bad key: a lead byte without its trail byte, and
 // a "[" not closed by "]"; a backward index has numbers of its own.
-char* bad_key(int backward_number, int other_number) {
+char* bad_key(KeyMode mode, int backward_number, int other_number) {
   fputs("検索文字列に不当な文字があります\n", engine.std_out);
-  engine_fail(backward_index() ? backward_number : other_number);
+  engine_fail(backward_index(mode) ? backward_number : other_number);
   return nullptr;
 }
 
-char* normalize_english(const char* typed) {
+char* normalize_english(const char* typed, KeyMode mode, char* key_buffer) {
   int room = kKeyBufferSize - 1;
-  if (forward_index()) room -= 1;  // the blank behind the key
+  if (forward_index(mode)) room -= 1;  // the blank behind the key
   int length = 0;
   while (length < room && typed[length] != '\0') {
     key_buffer[length] = static_cast<char>(toupper(static_cast<unsigned char>(typed[length])));
     ++length;
   }
   key_buffer[length] = '\0';
-  if (backward_index()) {
+  if (backward_index(mode)) {
     cdreverse(key_buffer);
-  } else if (forward_index()) {
+  } else if (forward_index(mode)) {
     key_buffer[length] = ' ';
     key_buffer[length + 1] = '\0';
   }
@@ -88,32 +84,36 @@ int cdreverse(char* text) {
 }
 
 char* cdnormkey(const char* typed) {
-  if (engine.flags & DF_ENGLISH) return normalize_english(typed);
+  return normalize_key(typed, {engine.flags, engine.index_id}, engine.key_buffer);
+}
+
+char* normalize_key(const char* typed, KeyMode mode, char* key_buffer) {
+  if (mode.flags & DF_ENGLISH) return normalize_english(typed, mode, key_buffer);
 
   int codes[kMaxKeyCodes];
   int count = 0;
   const unsigned char* p = reinterpret_cast<const unsigned char*>(typed);
   while (*p != '\0' && count < kMaxKeyCodes) {
     if (*p & 0x80) {
-      if (p[1] == '\0') return bad_key(18, 20);
+      if (p[1] == '\0') return bad_key(mode, 18, 20);
       codes[count++] = sjis_to_jis((p[0] << 8) | p[1]);
       p += 2;
     } else if (*p == '[') {
       int value = 0;
       for (++p; hex_digit(*p) >= 0; ++p) value = (value << 4) | hex_digit(*p);
-      if (*p != ']') return bad_key(19, 21);
+      if (*p != ']') return bad_key(mode, 19, 21);
       ++p;
       codes[count++] = value & 0xFFFF;
     } else {
       uint32_t entry = ascii_to_jis[toupper(*p) & 0x7F];
       ++p;
-      if ((engine.flags & DF_NO_KEY_SYMBOLS) && (entry & kAsciiSymbolBit)) continue;
+      if ((mode.flags & DF_NO_KEY_SYMBOLS) && (entry & kAsciiSymbolBit)) continue;
       codes[count++] = static_cast<int>(entry & 0x7FFF);
     }
   }
 
   char* key;
-  if (backward_index()) {
+  if (backward_index(mode)) {
     key = key_buffer + kKeyBufferSize - 1 - 2 * count;
     for (int i = 0; i < count; ++i) {
       key[2 * (count - 1 - i)] = static_cast<char>(codes[i] >> 8);

@@ -13,14 +13,24 @@ extern const unsigned char kana_fold[kKanaColumns];
 // The column of the kana's vowel (あいうえお), or ん for ん; 0 for no kana.
 extern const unsigned char kana_vowel[kKanaColumns];
 
-// Converts the typed Shift-JIS key for engine.index_id into the static key
-// buffer and returns it (engine.search_string is not set here). Null, after
-// the failure message, for a bad key. Keys longer than 255 characters are
-// cut there.
+// What a key is made for: the flags in force and the index.
+struct KeyMode {
+  uint32_t flags;    // EngineFlags
+  int32_t index_id;  // the index the key is compared with
+};
+
+// Converts the typed Shift-JIS key for engine.index_id into
+// engine.key_buffer and returns it (engine.search_string is not set here).
+// Null, after the failure message, for a bad key. Keys longer than 255
+// characters are cut there.
 char* cdnormkey(const char* typed);
-// Folds a search_string into the second static buffer and returns it. In
+// cdnormkey in `mode`, into `key_buffer` (kKeyBufferSize bytes).
+char* normalize_key(const char* typed, KeyMode mode, char* key_buffer);
+// Folds a search_string into engine.fold_buffer and returns it. In
 // encyclopedia mode also turns the kana rows of `key` itself into hiragana.
 char* cdfoldkey(char* key);
+// cdfoldkey in `mode`, into `fold_buffer` (kFoldBufferSize bytes).
+char* fold_key(char* key, KeyMode mode, char* fold_buffer);
 // Reverses `text` in place, byte by byte; returns its length.
 int cdreverse(char* text);
 // Shift-JIS code (lead byte in bits 8..15) to JIS X 0208; no validity check.

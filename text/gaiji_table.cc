@@ -27,33 +27,22 @@ namespace {
 
 constexpr uint32_t kMaxDefinitionFileSize = 65500;
 
-// A table loaded from a file: the heap block cdgaijiload owns, and its end.
-struct LoadedTable {
-  unsigned char* block;       // records, then one byte 0 of our own; null when free
-  const unsigned char* end;   // behind the last byte of the file's contents
-};
-
-// Every table pointer of the engine holds at most one loaded table, so a
-// few slots cover the full and the half-width table with room to spare.
-constexpr int kLoadedTableSlots = 4;
-LoadedTable loaded_tables[kLoadedTableSlots];
-
-LoadedTable* loaded_table_of(const unsigned char* table) {
-  for (LoadedTable& slot : loaded_tables) {
+LoadedGaijiTable* loaded_table_of(const unsigned char* table) {
+  for (LoadedGaijiTable& slot : engine.gaiji_files) {
     if (slot.block != nullptr && slot.block == table) return &slot;
   }
   return nullptr;
 }
 
-LoadedTable* free_slot() {
-  for (LoadedTable& slot : loaded_tables) {
+LoadedGaijiTable* free_slot() {
+  for (LoadedGaijiTable& slot : engine.gaiji_files) {
     if (slot.block == nullptr) return &slot;
   }
   return nullptr;
 }
 
 void free_table(const unsigned char* table) {
-  LoadedTable* slot = loaded_table_of(table);
+  LoadedGaijiTable* slot = loaded_table_of(table);
   if (slot == nullptr) return;  // the built-in table, or one a caller owns
   free(slot->block);
   slot->block = nullptr;
@@ -65,7 +54,7 @@ void free_table(const unsigned char* table) {
 // end in the 0xFFFF record; no table at all (before the first run) is empty.
 const char* find_in_table(const unsigned char* table, int code) {
   if (table == nullptr) return nullptr;
-  LoadedTable* slot = loaded_table_of(table);
+  LoadedGaijiTable* slot = loaded_table_of(table);
   const unsigned char* end = slot != nullptr ? slot->end : nullptr;
   const unsigned char* record = table;
   while (end == nullptr || end - record >= 2) {
@@ -103,7 +92,7 @@ const unsigned char* cdgaijiload(const char* path, const unsigned char** table) 
     return *table;
   }
   uint32_t size = status.st_size;
-  LoadedTable* slot = free_slot();
+  LoadedGaijiTable* slot = free_slot();
   unsigned char* block = nullptr;
   if (size <= kMaxDefinitionFileSize && slot != nullptr) {
     block = static_cast<unsigned char*>(malloc(size + 1));
