@@ -81,11 +81,13 @@ size_t cdputchar(int32_t code, char* place, size_t room) {
   if ((engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE)) {
     bytes = halfwidth_form(code, bytes);
   }
-  char text[2];
+  // One or two bytes, written in place: the path of nearly every character.
+  const char high = static_cast<char>(bytes >> 8);
+  const char low = static_cast<char>(bytes & 0xFF);
   size_t length = 0;
-  if (bytes > 0xFF) text[length++] = static_cast<char>(bytes >> 8);
-  text[length++] = static_cast<char>(bytes & 0xFF);
-  // A half-width form of code 0 ends the text there, as a NUL does.
-  if (text[length - 1] == '\0') --length;
-  return copy_cut(place, text, length, room);
+  if (bytes > 0xFF && room > 1) place[length++] = high;
+  // A byte 0 ends the text there, as a NUL does.
+  if (low != '\0' && length + 1 < room) place[length++] = low;
+  place[length] = '\0';
+  return length;
 }
