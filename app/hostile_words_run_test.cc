@@ -86,4 +86,26 @@ TEST_F(HostileWordsRunTest, ACandidateThatLooksLikeAnOptionIsASearch) {
   EXPECT_TRUE(std::filesystem::is_empty(scratch));
 }
 
+// A book whose article never ends: the reader stops the engine at the work
+// file's limit, says so, and shows what came until then.
+TEST_F(HostileWordsRunTest, AnEndlessArticleIsStoppedAndSaidSo) {
+  BookTree tree(BookType::kEpwing);
+  Book& book = tree.add_book("辞書", "JITEN");
+  std::u8string endless;
+  for (int i = 0; i < 2200000; ++i) endless += u8"あ";
+  BodyText body;
+  body.text(endless);
+  const int32_t text = (book.text.add_area(0x00, body.data()) - 1) * 2048;
+  book.text.add_area(0x91, index_tree({{0, utf8_to_jis("あ"), text, text, 0}}, book.text.next_page()));
+  std::filesystem::remove_all(card / "epwing" / "plus");
+  tree.write(card / "epwing" / "plus");
+
+  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext あ\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n"), 0)
+      << ReadWholeFile(work / "stderr.txt");
+  const std::string transcript = Transcript();
+  EXPECT_TRUE(HasLinesInOrder(transcript, {"TTS 検索開始", "TTS 検索を途中で打ち切りました", "ENDED"}))
+      << transcript.substr(0, 2000);
+  EXPECT_NE(transcript.find("BRL 検索結果:ああ"), std::string::npos);
+}
+
 }  // namespace

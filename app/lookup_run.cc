@@ -18,7 +18,10 @@ void CMainFrame::RunLookup(const CString& word) {
   // Said without waiting: the user hears it while the engine runs.
   Announce(u"検索開始", -1, -1, 0);
   const DictionaryEntry& entry = DictionaryList[dictionary];
-  if (LookupWord(entry.path, entry.bookNumber, word) == 0) {
+  const int32_t result = LookupWord(entry.path, entry.bookNumber, word);
+  if (result == 0 || result == kLookupStopped) {
+    // A lookup stopped at its limits shows what was found until then.
+    if (result == kLookupStopped) Announce(u"検索を途中で打ち切りました", -1, -1, 1);
     focus = FOCUS_RESULT_LIST;
     screenFocus[SCREEN_RESULTS] = FOCUS_RESULT_LIST;
     listState[FOCUS_RESULT_LIST].selection = 0;

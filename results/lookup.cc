@@ -12,6 +12,7 @@
 #include "results/work_file_parser.h"
 
 const char16_t kWorkFileName[] = u"\\windows\\epwingwork.dat";
+const RunLimits kLookupLimits = {4000, 4 << 20};
 
 namespace {
 
@@ -73,7 +74,7 @@ std::string ReadAll(FILE* file) {
 
 int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
                    ResultItemArray& articles, ResultItemArray& candidates,
-                   GaijiMappingArray& gaiji) {
+                   GaijiMappingArray& gaiji, const RunLimits& limits) {
   articles.clear();
   candidates.clear();
   // The engine names files as the host does: it gets host paths.
@@ -82,12 +83,17 @@ int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
   std::vector<char> key = ToMultiByte(word);
   MakeSearchArgument(key);
   DeleteFileW(kWorkFileName);  // the engine appends: only this run's text may be there
-  engine_output(folder.c_str(), bookNumber, HostPath(kWorkFileName).c_str(), key.data());
+  const std::string workFile = HostPath(kWorkFileName);
+  // A damaged or hostile book can make the engine write without end: it
+  // runs apart, stopped at the limits, and what it wrote until then counts.
+  const RunEnd end = RunBounded(
+      [&] { engine_output(folder.c_str(), bookNumber, workFile.c_str(), key.data()); }, limits);
+  const bool stopped = end != RunEnd::kFinished;
   LoadBrailleGaiji(path, gaiji);
   FILE* file = OpenDeviceFile(kWorkFileName, "r");
-  if (file == nullptr) return 0;
+  if (file == nullptr) return stopped ? kLookupStopped : 0;
   std::string bytes = ReadAll(file);
   std::fclose(file);
-  ParseWorkFile(bytes, articles, candidates);
-  return 0;
+  ParseWorkFile(bytes, articles, candidates, stopped);
+  return stopped ? kLookupStopped : 0;
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/device_path.h"
+#include "results/work_file_parser.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
 #include "tools/body_text.h"
@@ -110,6 +111,32 @@ TEST_F(LookupTest, AWordIsNeverAnOptionNorAPosition) {
     ASSERT_EQ(articles_.size(), 1u);
     EXPECT_EQ(articles_[0].head, CString(word.found));
   }
+}
+
+// A book whose one article never ends: the engine is stopped at the work
+// file's limit, and the article is kept, bounded, with the cut mark.
+TEST_F(LookupTest, AnEndlessArticleIsCutAtTheLimit) {
+  BookTree tree(BookType::kEpwing);
+  Book& book = tree.add_book("辞書", "JITEN");
+  std::u8string endless;
+  for (int i = 0; i < 500000; ++i) endless += u8"あ";
+  BodyText body;
+  body.text(endless);
+  const int32_t text = (book.text.add_area(0x00, body.data()) - 1) * 2048;
+  book.text.add_area(0x91, index_tree({{0, utf8_to_jis("あ"), text, text, 0}}, book.text.next_page()));
+  tree.write(card_ / "endless");
+
+  const RunLimits limits = {4000, 256 * 1024};
+  int32_t result = 0;
+  capture_engine([&] {
+    result = LookupWord(u"\\SD\\endless", 0, u"あ", articles_, candidates_, gaiji_, limits);
+  });
+  EXPECT_EQ(result, kLookupStopped);
+  EXPECT_EQ(std::filesystem::file_size(runtime_ / "epwingwork.dat"), 256u * 1024);
+  ASSERT_EQ(articles_.size(), 1u);
+  const CString mark = CString(u"\r\n") + kArticleCutMark;
+  EXPECT_LE(articles_[0].body.GetLength(), kArticleLimit + mark.GetLength());
+  EXPECT_EQ(articles_[0].body.Right(mark.GetLength()), mark);
 }
 
 }  // namespace

@@ -88,24 +88,55 @@ class LineReader {
 
 bool IsMarker(const CString& line) { return line.Left(kMarker.GetLength()) == kMarker; }
 
+// An article as its lines come, kept to kArticleLimit characters.
+class ArticleBuilder {
+ public:
+  bool IsEmpty() const { return lineCount_ == 0; }
+
+  void Add(const CString& line) {
+    if (lineCount_++ == 0) {
+      article_.head = line;
+      article_.body = line;
+    } else if (article_.body.GetLength() + 2 + line.GetLength() > kArticleLimit) {
+      cut_ = true;
+    } else if (!cut_) {
+      article_.body += u"\r\n" + line;
+    }
+  }
+
+  // The engine was stopped inside the article: more would have come.
+  void MarkCut() { cut_ = true; }
+
+  // The article, with the cut mark when it was cut; the builder starts anew.
+  ResultItem Take() {
+    if (cut_) article_.body += u"\r\n" + CString(kArticleCutMark);
+    ResultItem article = std::move(article_);
+    *this = ArticleBuilder();
+    return article;
+  }
+
+ private:
+  ResultItem article_;
+  int lineCount_ = 0;
+  bool cut_ = false;  // a line did not fit: the rest of the article is left out
+};
+
 // Reads articles up to the section line; false when the file ended first.
-bool ReadArticles(LineReader& reader, ResultItemArray& articles) {
-  ResultItem article;
-  int lineCount = 0;
+bool ReadArticles(LineReader& reader, ResultItemArray& articles, bool cutShort) {
+  ArticleBuilder article;
   CString line;
   while (reader.Next(line)) {
     if (line.IsEmpty()) continue;
     if (line == kSectionLine) return true;
     if (IsMarker(line)) {
-      articles.push_back(article);
-      article = ResultItem();
-      lineCount = 0;
-    } else if (lineCount++ == 0) {
-      article.head = line;
-      article.body = line;
+      articles.push_back(article.Take());
     } else {
-      article.body += u"\r\n" + line;
+      article.Add(line);
     }
+  }
+  if (cutShort && !article.IsEmpty()) {
+    article.MarkCut();
+    articles.push_back(article.Take());
   }
   return false;
 }
@@ -152,6 +183,8 @@ int RunLength(const CString& copy, bool firstHalf) {
 
 }  // namespace
 
+const char16_t kArticleCutMark[] = u"（以下省略）";
+
 CString CandidateSearchKey(const CString& line) {
   CString copy = line;
   CutBrackets(copy);
@@ -166,7 +199,7 @@ CString CandidateSearchKey(const CString& line) {
 }
 
 void ParseWorkFile(std::string_view bytes, ResultItemArray& articles,
-                   ResultItemArray& candidates) {
+                   ResultItemArray& candidates, bool cutShort) {
   LineReader reader(bytes);
-  if (ReadArticles(reader, articles)) ReadCandidates(reader, candidates);
+  if (ReadArticles(reader, articles, cutShort)) ReadCandidates(reader, candidates);
 }

@@ -9,12 +9,19 @@
 #include "platform/wide_string.h"
 #include "results/result_item.h"
 
+// The text an article keeps at most, in characters; what it had beyond
+// is replaced by the line kArticleCutMark.
+constexpr int kArticleLimit = 100000;
+extern const char16_t kArticleCutMark[];
+
 // Appends the articles and candidates that `bytes` (the work file) holds to
 // `articles` and `candidates`. Lines are cut as a read of at most 1023
 // bytes cuts them: a longer physical line arrives as several lines, each
-// cut before a two-byte character it would split.
+// cut before a two-byte character it would split. An article left open at
+// the end is thrown away, unless `cutShort` says that the engine was
+// stopped in it: then it is kept, with the cut mark.
 void ParseWorkFile(std::string_view bytes, ResultItemArray& articles,
-                   ResultItemArray& candidates);
+                   ResultItemArray& candidates, bool cutShort = false);
 
 // The search key of a candidate line (already trimmed): its brackets cut
 // in the order of the bracket pair table, then the "○" rule, or the

@@ -65,4 +65,26 @@ TEST(ParseWorkFile, LongLinesArriveInReadsThatSplitNoCharacter) {
   EXPECT_TRUE(Parse(u"", std::string(2000, 'z') + "\x82").articles.empty());  // a lone lead byte
 }
 
+// An article keeps kArticleLimit characters and the cut mark; the next
+// article is whole. A file that ends where the engine was stopped keeps
+// its open article, cut.
+TEST(ParseWorkFile, ArticlesAreKeptToTheirLimit) {
+  std::string lines;
+  for (int i = 0; i < 1000; ++i) lines += std::string(500, 'x') + "\n";
+  const std::string file = "head\n" + lines + EncodeMultiByte(u"<次項目:1>\nnext\n<次項目:2>\nopen\n") + lines;
+  ResultItemArray articles, candidates;
+  ParseWorkFile(file, articles, candidates);
+  ASSERT_EQ(articles.size(), 2u);
+  const CString mark = CString(u"\r\n") + kArticleCutMark;
+  EXPECT_LE(articles[0].body.GetLength(), kArticleLimit + mark.GetLength());
+  EXPECT_GT(articles[0].body.GetLength(), kArticleLimit - 600);
+  EXPECT_EQ(articles[0].body.Right(mark.GetLength()), mark);
+  EXPECT_EQ(articles[1].body, CString(u"next"));
+
+  articles.clear();
+  ParseWorkFile(EncodeMultiByte(u"a\n<次項目:1>\nopen\nline\n"), articles, candidates, true);
+  ASSERT_EQ(articles.size(), 2u);
+  EXPECT_EQ(articles[1].body, CString(u"open\r\nline") + mark);
+}
+
 }  // namespace

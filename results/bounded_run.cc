@@ -1,0 +1,72 @@
+#include "results/bounded_run.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <thread>
+
+namespace {
+
+[[noreturn]] void RunChild(const std::function<void()>& work, const RunLimits& limits) {
+  const int nothing = open("/dev/null", O_RDONLY);
+  if (nothing >= 0) {
+    dup2(nothing, STDIN_FILENO);
+    close(nothing);
+  }
+  // Writing past the limit ends the child at once (SIGXFSZ), with no core.
+  std::signal(SIGXFSZ, SIG_DFL);
+  const rlim_t bytes = static_cast<rlim_t>(limits.fileBytes);
+  const rlimit fileSize{bytes, bytes};
+  setrlimit(RLIMIT_FSIZE, &fileSize);
+  const rlimit noCore{0, 0};
+  setrlimit(RLIMIT_CORE, &noCore);
+  // Should the caller be gone, the child still ends, a second later.
+  alarm(static_cast<unsigned>(limits.milliseconds / 1000 + 2));
+  work();
+  std::fflush(nullptr);
+  _exit(0);
+}
+
+RunEnd EndOf(int status) {
+  if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return RunEnd::kFinished;
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ) return RunEnd::kFileLimit;
+  return RunEnd::kFailed;
+}
+
+}  // namespace
+
+RunEnd RunBounded(const std::function<void()>& work, const RunLimits& limits) {
+  // What waits in the caller's buffers is written once, by the caller.
+  std::fflush(nullptr);
+  const pid_t child = fork();
+  if (child < 0) {
+    work();
+    return RunEnd::kFinished;
+  }
+  if (child == 0) RunChild(work, limits);
+
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(limits.milliseconds);
+  // Short naps at first, for most runs end within a few milliseconds.
+  std::chrono::microseconds nap(100);
+  for (;;) {
+    int status = 0;
+    const pid_t ended = waitpid(child, &status, WNOHANG);
+    if (ended == child) return EndOf(status);
+    if (ended < 0 && errno != EINTR) return RunEnd::kFailed;
+    if (Clock::now() >= deadline) {
+      kill(child, SIGKILL);
+      waitpid(child, &status, 0);
+      return RunEnd::kTimedOut;
+    }
+    std::this_thread::sleep_for(nap);
+    nap = std::min<std::chrono::microseconds>(nap * 2, std::chrono::milliseconds(10));
+  }
+}
