@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all run test test-sanitize bench build deps clean
+.PHONY: all run test test-sanitize bench build deps clean install
 
 all: build
 
@@ -20,6 +20,12 @@ run: build
 
 test: build
 	ctest --test-dir $(BUILD) -j $(JOBS) --output-on-failure
+
+# The programs, their man pages, language files and demo books under PREFIX
+# (cmake/Install.cmake); DESTDIR is honoured for packaging.
+PREFIX ?= /usr/local
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
 
 # The same tests built with AddressSanitizer and UndefinedBehaviorSanitizer.
 ASAN_BUILD ?= build-asan

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "app/reader_app.h"
+#include "cli/card_setup.h"
 #include "taskman/task_manager.h"
 #include "taskman/task_script.h"
 #include "taskman/terminal_keys.h"
@@ -30,8 +31,8 @@
 namespace {
 
 const char kUsage[] =
-    "usage: epwingdict [--keys FILE|-] [--transcript FILE] [--card DIR] [--home DIR]\n"
-    "                  [--speech espeak|none]\n"
+    "usage: epwingdict [--keys FILE|-] [--transcript FILE] [--card DIR] [--books DIR]...\n"
+    "                  [--home DIR] [--speech espeak|none]\n"
     "\n"
     "The Japanese dictionary reader, with the keyboard standing in for the Braille\n"
     "keyboard. What the Braille display shows and what is spoken come out as\n"
@@ -53,7 +54,12 @@ const char kUsage[] =
     "                    saves nothing, as if the process were killed.\n"
     "  --transcript FILE write the lines to FILE (default: standard output)\n"
     "  --card DIR        the folder that stands for the SD card (default:\n"
-    "                    $EPWINGDICT_CARD, else the demo card of the build)\n"
+    "                    $EPWINGDICT_CARD, else $XDG_DATA_HOME/epwingdict/card,\n"
+    "                    made on first start with the demo dictionaries)\n"
+    "  --books [NAME=]DIR  DIR appears on the card as the folder \\SD\\NAME (NAME:\n"
+    "                    DIR's own name), where the folder chooser finds the\n"
+    "                    dictionaries in it; repeatable. Default: the folders of\n"
+    "                    $EPWINGDICT_BOOKS, separated by ':'\n"
     "  --home DIR        the program's folder, which holds epwingdict.ini\n"
     "                    (default: $XDG_CONFIG_HOME/epwingdict or ~/.config/epwingdict)\n"
     "  --speech MODE     espeak: speak through espeak-ng (voice ja) when it is\n"
@@ -75,6 +81,7 @@ struct Options {
   std::string card;        // host folder of "\SD"
   std::string home;        // host folder of the program's folder
   std::string speech;      // "espeak", "none", or empty for the default
+  std::vector<std::string> books;  // folders mounted on the card (--books)
 };
 
 int Fail(const std::string& message) {
@@ -94,6 +101,11 @@ int ReadOptions(int argc, char** argv, Options& options) {
     if (option == "--version") {
       print_version("epwingdict");
       return -1;
+    }
+    if (option == "--books") {
+      if (i + 1 >= argc || argv[i + 1][0] == '\0') return Fail(option + " needs a value");
+      options.books.push_back(argv[++i]);
+      continue;
     }
     std::string* target = option == "--keys"         ? &options.keys
                           : option == "--transcript" ? &options.transcript
@@ -125,12 +137,6 @@ bool ReadScript(const std::string& path, std::string& script) {
   return true;
 }
 
-std::string DefaultCard() {
-  const char* fromEnvironment = std::getenv("EPWINGDICT_CARD");
-  if (fromEnvironment != nullptr && fromEnvironment[0] != '\0') return fromEnvironment;
-  return ProgramHostFolder() + "../card";
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -143,6 +149,8 @@ int main(int argc, char** argv) {
     if (!ReadScript(options.keys, text)) return Fail("cannot read the key script " + options.keys);
     if (!ParseTaskScript(text, script, error)) return Fail(options.keys + ": " + error);
   }
+  std::string cardError;
+  if (!SetUpCard(options.card, options.books, cardError)) return Fail(cardError);
   // The lines own standard output; the engine's own prints (its catalog
   // listing, its failure numbers), which reach no one on the device, go to
   // /dev/null.
@@ -154,7 +162,6 @@ int main(int argc, char** argv) {
     transcriptFile = std::fopen(options.transcript.c_str(), "w");
     if (transcriptFile == nullptr) return Fail("cannot write the transcript " + options.transcript);
   }
-  SetDeviceFolder(DeviceFolder::kCard, options.card.empty() ? DefaultCard() : options.card);
   if (!options.home.empty()) SetDeviceFolder(DeviceFolder::kConfig, options.home);
 
   // At the keyboard the terminal shows the lines; a transcript file, when

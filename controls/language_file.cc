@@ -1,7 +1,5 @@
 #include "controls/language_file.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 
 #include <cstdio>
@@ -9,15 +7,7 @@
 #include "platform/utf8_text.h"
 #include "platform/file_calls.h"
 #include "platform/file_system.h"
-
-std::string ProgramHostFolder() {
-  char path[4096];
-  ssize_t length = readlink("/proc/self/exe", path, sizeof path - 1);
-  if (length <= 0) return "";
-  std::string exe(path, static_cast<size_t>(length));
-  size_t slash = exe.rfind('/');
-  return slash == std::string::npos ? "" : exe.substr(0, slash + 1);
-}
+#include "platform/program_folder.h"
 
 namespace {
 
@@ -39,7 +29,7 @@ bool LanguageFile::Load(const CString& name) {
   const int separator = std::max(name.ReverseFind(u'\\'), name.ReverseFind(u'/'));
   bool read = separator >= 0 && ReadAll(OpenDeviceFile(name, "rb"), bytes);
   if (!read) {
-    const std::string beside = ProgramHostFolder() + ToUtf8(name.Mid(separator + 1));
+    const std::string beside = ProgramDataFolder() + ToUtf8(name.Mid(separator + 1));
     read = ReadAll(CurrentFileSystem().Open(beside, "rb"), bytes);
   }
   if (read) Parse(bytes);

@@ -15,10 +15,11 @@ class LanguageFile {
  public:
   // Reads `name`. A name with a separator in it is a device name
   // ("\windows\vekwrdJpn.lng") or a host path from the root; a bare name is
-  // looked for in the program's own folder. When the device name can't be
-  // opened, its last part is looked for in the program's folder, where the
-  // reader ships its language files. False, and no words, when nothing
-  // could be read; the words read before are dropped in either case.
+  // looked for in the program's data folder (platform/program_folder.h).
+  // When the device name can't be opened, its last part is looked for in the
+  // data folder, where the reader ships its language files. False, and no
+  // words, when nothing could be read; the words read before are dropped in
+  // either case.
   bool Load(const CString& name);
   // Reads the text of a file already in memory.
   void Parse(const std::string& utf8);
@@ -28,9 +29,5 @@ class LanguageFile {
  private:
   std::map<std::string, CString> words_;  // by key
 };
-
-// The host folder of the running program, with a trailing "/"; empty when
-// it can't be told.
-std::string ProgramHostFolder();
 
 #endif  // CONTROLS_LANGUAGE_FILE_H_

@@ -58,15 +58,21 @@ bool IsFolder(const CString& path) {
   return std::filesystem::is_directory(HostPath(path), error);
 }
 
-// The subfolders of `path` by name; hidden ones (".name") are left out.
+// The subfolders of `path` by name, with the folders mounted in it; hidden
+// ones (".name") are left out, and a mounted folder shows once.
 CStringArray SubfoldersOf(const CString& path) {
   CStringArray names;
+  const std::vector<std::string> mounted = MountedFolderNames(path);
+  for (const std::string& name : mounted) names.push_back(FromUtf8(name));
   std::error_code error;
   std::filesystem::directory_iterator entries(HostPath(path), error);
   for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
     const std::string name = entries->path().filename().string();
     std::error_code kindError;
     if (name.empty() || name[0] == '.' || !entries->is_directory(kindError)) continue;
+    // A folder mounted under the same name hides the card's own.
+    if (!mounted.empty() && HostPath(path + u"\\" + FromUtf8(name)) != entries->path().string())
+      continue;
     names.push_back(FromUtf8(name));
   }
   std::sort(names.begin(), names.end());

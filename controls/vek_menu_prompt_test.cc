@@ -92,7 +92,7 @@ TEST(MenuTest, MovesOpensGroupsAndChooses) {
 TEST(MenuTest, MissingLanguageFileGivesNumberedLabels) {
   ScopedRecordingPresenter out;
   CVekMenuCtrl menu;
-  menu.OpenRes(u"/nonexistent/folder/EPWING_MENU.lng");
+  menu.OpenRes(u"/nonexistent/folder/NO_SUCH_MENU.lng");
   Build(menu);
   EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 項目1", "TTS メニュー 項目1"}));
 }

@@ -20,6 +20,13 @@ std::string chosenFolders[3];
 // The private folder under /tmp once one has been made for this process.
 std::string privateRuntimeFolder;
 
+// A host folder seen as "\SD\<name>".
+struct CardMount {
+  std::string name;        // the folder's name on the card
+  std::string hostFolder;  // where it lies
+};
+std::vector<CardMount> cardMounts;
+
 std::string Environment(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr ? value : "";
@@ -103,7 +110,35 @@ std::vector<std::string> SplitParts(const std::string& name) {
   return parts;
 }
 
+// The mount named `name`, ignoring ASCII case; null when there is none.
+const CardMount* FindMount(const std::string& name) {
+  for (const CardMount& mount : cardMounts) {
+    if (SameIgnoringAsciiCase(mount.name, name)) return &mount;
+  }
+  return nullptr;
+}
+
 }  // namespace
+
+void MountCardFolder(const std::string& name, const std::string& hostFolder) {
+  for (CardMount& mount : cardMounts) {
+    if (SameIgnoringAsciiCase(mount.name, name)) {
+      mount = {name, hostFolder};
+      return;
+    }
+  }
+  cardMounts.push_back({name, hostFolder});
+}
+
+void ClearCardFolders() { cardMounts.clear(); }
+
+std::vector<std::string> MountedFolderNames(const CString& deviceFolder) {
+  const std::vector<std::string> parts = SplitParts(ToUtf8(deviceFolder));
+  std::vector<std::string> names;
+  if (parts.size() != 1 || !SameIgnoringAsciiCase(parts[0], "SD")) return names;
+  for (const CardMount& mount : cardMounts) names.push_back(mount.name);
+  return names;
+}
 
 void SetDeviceFolder(DeviceFolder folder, const std::string& hostFolder) {
   chosenFolders[static_cast<int>(folder)] = hostFolder;
@@ -114,7 +149,7 @@ std::string DeviceFolderPath(DeviceFolder folder) {
   if (!chosen.empty()) return chosen;
   switch (folder) {
     case DeviceFolder::kCard:
-      return HomeRelative("XDG_DATA_HOME", "/.local/share") + "/SD";
+      return HomeRelative("XDG_DATA_HOME", "/.local/share") + "/card";
     case DeviceFolder::kRuntime: {
       std::string runtime = Environment("XDG_RUNTIME_DIR");
       return runtime.empty() ? PrivateTmpFolder() : runtime + "/" + kAppFolder;
@@ -142,6 +177,11 @@ std::string HostPath(const CString& deviceName) {
         if (path.empty()) return "";  // no private folder could be made: name nothing
         if (roots[i] != DeviceFolder::kCard) MakeFolders(path);
         next = 1;
+        const CardMount* mount = i == 0 && parts.size() > 1 ? FindMount(parts[1]) : nullptr;
+        if (mount != nullptr) {
+          path = mount->hostFolder;
+          next = 2;
+        }
         break;
       }
     }

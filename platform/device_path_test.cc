@@ -6,6 +6,8 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "platform/file_calls.h"
 
@@ -49,11 +51,37 @@ TEST_F(DevicePathTest, RootsSeparatorsAndCase) {
   EXPECT_EQ(program[3], 0);
 }
 
+TEST_F(DevicePathTest, MountedFoldersStandOnTheCardWhereverTheyLie) {
+  std::filesystem::create_directories(root_ + "/card/epwing");
+  std::filesystem::create_directories(root_ + "/card/Books/inside");
+  std::filesystem::create_directories(root_ + "/elsewhere/Kojien/KOJIEN");
+  MountCardFolder("Kojien", root_ + "/elsewhere/Kojien");
+  MountCardFolder("books", root_ + "/elsewhere");  // wins over the card's own "Books"
+  EXPECT_EQ(HostPath(u"\\SD\\kojien\\kojien"), root_ + "/elsewhere/Kojien/KOJIEN");
+  EXPECT_EQ(HostPath(u"/sd/KOJIEN"), root_ + "/elsewhere/Kojien");
+  EXPECT_EQ(HostPath(u"\\SD\\books\\Kojien"), root_ + "/elsewhere/Kojien");
+  EXPECT_EQ(HostPath(u"\\SD\\epwing"), root_ + "/card/epwing");
+  EXPECT_EQ(HostPath(u"\\SD\\epwing\\Kojien"), root_ + "/card/epwing/Kojien") << "only on the top";
+  EXPECT_EQ(HostPath(u"\\windows\\Kojien"), root_ + "/run/Kojien");
+  EXPECT_EQ(MountedFolderNames(u"\\SD"), (std::vector<std::string>{"Kojien", "books"}));
+  EXPECT_EQ(MountedFolderNames(u"/sd/"), MountedFolderNames(u"\\SD"));
+  EXPECT_TRUE(MountedFolderNames(u"\\SD\\epwing").empty());
+  MountCardFolder("KOJIEN", root_ + "/card");  // the same name again replaces it
+  EXPECT_EQ(HostPath(u"\\SD\\Kojien\\epwing"), root_ + "/card/epwing");
+  ClearCardFolders();
+  EXPECT_TRUE(MountedFolderNames(u"\\SD").empty());
+  EXPECT_EQ(HostPath(u"\\SD\\books\\inside"), root_ + "/card/Books/inside");
+}
+
 TEST_F(DevicePathTest, DefaultsFollowTheEnvironment) {
   SetDeviceFolder(DeviceFolder::kConfig, "");
   SetDeviceFolder(DeviceFolder::kRuntime, "");
+  SetDeviceFolder(DeviceFolder::kCard, "");
   setenv("XDG_CONFIG_HOME", (root_ + "/xdg").c_str(), 1);
   setenv("XDG_RUNTIME_DIR", (root_ + "/xrun").c_str(), 1);
+  setenv("XDG_DATA_HOME", (root_ + "/xdata").c_str(), 1);
+  EXPECT_EQ(DeviceFolderPath(DeviceFolder::kCard), root_ + "/xdata/epwingdict/card");
+  unsetenv("XDG_DATA_HOME");
   EXPECT_EQ(DeviceFolderPath(DeviceFolder::kConfig), root_ + "/xdg/epwingdict");
   EXPECT_EQ(DeviceFolderPath(DeviceFolder::kRuntime), root_ + "/xrun/epwingdict");
   unsetenv("XDG_RUNTIME_DIR");

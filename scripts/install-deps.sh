@@ -3,7 +3,8 @@
 # Usage: install-deps.sh [extra-package...]
 set -e
 missing=""
-for pkg in cmake g++ make libgtest-dev "$@"; do
+# man-db and groff-base: the install test renders the man pages with man -l.
+for pkg in cmake g++ make libgtest-dev man-db groff-base "$@"; do
   dpkg -s "$pkg" >/dev/null 2>&1 || missing="$missing $pkg"
 done
 [ -z "$missing" ] && exit 0
