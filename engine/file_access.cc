@@ -98,7 +98,7 @@ BookBlock* block_at(FILE* file, int64_t offset) {
 // The next `size` bytes of current_file when the block read last holds them
 // all, the reader then standing behind them; else null. The path of nearly
 // every read.
-const unsigned char* kept_bytes(size_t size) {
+[[gnu::always_inline]] inline const unsigned char* kept_bytes(size_t size) {
   BookReader& place = engine.reader;
   const BookBlock* block = place.block;
   if (!block || place.file != engine.current_file || block->file != place.file || place.at_end) {
