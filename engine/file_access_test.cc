@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/book_end.h"
 #include "engine/find_file.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
@@ -144,6 +145,65 @@ TEST_F(BookFiles, ShortSeeksForward) {
     EXPECT_EQ(cdgetbyte(), 5);
   });
   EXPECT_EQ(run.out, "データ読み込みに失敗しました(BYTE:pos=13)\nerror 9.\n");
+}
+
+// Blocks are kept and given up as reads wander: every read gives the
+// file's bytes, wherever it falls and whatever was read in between.
+TEST_F(BookFiles, ReadsWanderingOverManyBlocks) {
+  const fs::path root = use_tree("Wander");
+  std::string bytes(40 * kBlockSize, '\0');
+  for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>((i * 7 + i / 251) & 0xFF);
+  write_book_file(root, "book", bytes);
+  engine.current_file = cdopen("book");
+  ASSERT_NE(engine.current_file, nullptr);
+  const auto word_at = [&](size_t at) {
+    return (static_cast<unsigned char>(bytes[at]) << 8) | static_cast<unsigned char>(bytes[at + 1]);
+  };
+  const EngineRun run = capture_engine([&] {
+    const int32_t leaf = 3 * kBlockSize + 100;
+    for (int32_t visit = 0; visit < 30; ++visit) {
+      // Out to a place further on each time, and back to the same page.
+      const int32_t far = (visit + 5) * kBlockSize - 1;  // a word across two blocks
+      cdseek(far, 0);
+      EXPECT_EQ(cdgetword(), word_at(static_cast<size_t>(far))) << visit;
+      cdseek(leaf, 0);
+      EXPECT_EQ(cdgetword(), word_at(leaf)) << visit;
+      EXPECT_EQ(cdtell(), leaf + 2);
+    }
+    // One read over more blocks than are kept.
+    std::string whole(12 * kBlockSize, '\0');
+    cdseek(kBlockSize / 2, 0);
+    EXPECT_EQ(cdread(whole.data(), whole.size()), whole.size());
+    EXPECT_EQ(whole, bytes.substr(kBlockSize / 2, whole.size()));
+    // Up to the end and past it.
+    cdseek(static_cast<int32_t>(bytes.size()) - 3, 0);
+    char tail[8];
+    EXPECT_EQ(cdread(tail, sizeof tail), 3u);
+    EXPECT_EQ(cdeof(), 1);
+    EXPECT_EQ(cdread(tail, sizeof tail), 0u);
+    cdseek(0, 0);
+    EXPECT_EQ(cdeof(), 0);
+    EXPECT_EQ(cdgetbyte(), static_cast<unsigned char>(bytes[0]));
+  });
+  EXPECT_EQ(run.out, "");
+}
+
+// A file closed by cdclose and another opened after it read as themselves,
+// even where the stream library gives the second the first one's address.
+TEST_F(BookFiles, NothingKeptOutlivesTheFile) {
+  const fs::path root = use_tree("Again");
+  write_book_file(root, "one", std::string(100, 'a'));
+  write_book_file(root, "two", std::string(100, 'b'));
+  engine.current_file = cdopen("one");
+  ASSERT_NE(engine.current_file, nullptr);
+  cdseek(10, 0);
+  EXPECT_EQ(cdgetbyte(), 'a');
+  cdclose();
+  engine.current_file = cdopen("two");
+  ASSERT_NE(engine.current_file, nullptr);
+  EXPECT_EQ(cdtell(), 0);
+  cdseek(10, 0);
+  EXPECT_EQ(cdgetbyte(), 'b');
 }
 
 TEST_F(BookFiles, FindsNamesWhateverTheirCase) {
