@@ -78,8 +78,8 @@ bool MountBooks(const std::string& given, std::string& error) {
     return false;
   }
   const std::string name = named ? given.substr(0, equals) : real.filename().string();
-  if (name.empty() || name == "." || name == "..") {
-    error = "books folder '" + given + "' needs a name: give NAME=" + folder;
+  if (name.empty() || name == "." || name == ".." || name.find('\\') != std::string::npos) {
+    error = "books folder '" + given + "' needs a name without '\\': give NAME=" + folder;
     return false;
   }
   const CString onCard = FromUtf8("\\SD\\" + name);

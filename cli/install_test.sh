@@ -98,7 +98,8 @@ has again.out "BRL 検索結果:さるもきからおちる【猿も木から落
 
 # Bad book folders: status 2 and a message, nothing runs.
 mkdir -p "$work/mine/epwing"
-for books in "$work/none" "$work/mine/epwing" / ; do
+mkdir -p "$work/back\\slash"
+for books in "$work/none" "$work/mine/epwing" / "$work/back\\slash" "a\\b=$work/mine"; do
   status=0
   "$prefix/bin/epwingdict" --keys again.keys --books "$books" > bad.out 2> bad.err || status=$?
   [ "$status" = 2 ] && [ ! -s bad.out ] && grep -q "^epwingdict: " bad.err ||

@@ -27,7 +27,7 @@ const char kTomeviewHelp[] =
     "failure line \"error N.\", 2 when an option was wrong.\n"
     "\n"
     "Example: tomeview -D/path/to/book -C      (the catalog)\n"
-    "         tomeview -D/path/to/book -B1 はな (search the second book)\n"
+    "         tomeview -D/path/to/book -B1 flower (search the second book)\n"
     "See tomeview(1) for every option and environment variable.\n";
 
 TomeviewCall read_tomeview_options(int argc, char** argv) {
