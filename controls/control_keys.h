@@ -26,6 +26,11 @@ constexpr uint32_t CK_DELETE = 4096;     // deletes the character at the cursor
 constexpr uint32_t CK_LINE_START = 512;  // cursor to the start of its line
 constexpr uint32_t CK_LINE_END = 32768;  // cursor to the end of its line
 
+// Every control: telling the user where they are and what the keys do.
+// The frame compares neither, so they reach the control in view.
+constexpr uint32_t CK_HELP = 65536;       // says the keys of the control in focus and the common ones
+constexpr uint32_t CK_POSITION = 131072;  // says the position: item or line n of N ("3/12")
+
 // True for the keys that move back or on in a list, menu or prompt.
 constexpr bool IsPrevKey(uint32_t key) { return key == CK_PREV || key == CK_PREV_ALT; }
 constexpr bool IsNextKey(uint32_t key) { return key == CK_NEXT || key == CK_NEXT_ALT; }

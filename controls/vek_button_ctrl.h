@@ -1,15 +1,18 @@
-// CVekButtonCtrl: a button. DisplayItem shows its label on Braille and
-// speaks the label and "ボタン". Braille keys do nothing on a button (the
-// screens take Enter); a cursor-routing key presents it again.
+// CVekButtonCtrl: a button. DisplayItem takes the focus, shows its label
+// on Braille and speaks the label and "ボタン". The screens take Enter; of
+// the other Braille keys a move (24, 48) beeps, CK_HELP tells the keys and
+// CK_POSITION presents the button again, as a cursor-routing key does.
 #ifndef CONTROLS_VEK_BUTTON_CTRL_H_
 #define CONTROLS_VEK_BUTTON_CTRL_H_
 
 #include <cstdint>
+#include <vector>
 
+#include "controls/control_focus.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
 
-class CVekButtonCtrl {
+class CVekButtonCtrl : public FocusTaker {
  public:
   CVekButtonCtrl() = default;
   virtual ~CVekButtonCtrl() = default;
@@ -22,6 +25,9 @@ class CVekButtonCtrl {
   virtual void DisplayItem(int unused);
   virtual void OnBrailleKeyProc(uint32_t key, long lParam);
   virtual void OnCursorKeyProc(uint32_t cell, long lParam);
+
+  CString HelpTitle() const override { return u"ボタン"; }
+  std::vector<KeyHelp> HelpKeys() const override;
 
   const CString& Label() const { return label_; }
 

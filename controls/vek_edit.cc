@@ -1,7 +1,10 @@
 #include "controls/vek_edit.h"
 
+#include "controls/beep_request.h"
 #include "controls/control_keys.h"
+#include "controls/key_help.h"
 #include "controls/presenter.h"
+#include "controls/spoken_text.h"
 
 namespace {
 
@@ -10,6 +13,9 @@ const char16_t kBlankField[] = u"空欄";
 const char16_t kBlankLine[] = u"空行";
 const char16_t kLineEnd[] = u"行末";
 const char16_t kReadOnly[] = u"読み取り専用";
+const char16_t kNothingToDelete[] = u"削除する文字がありません";
+// Spoken behind a reading that has reached the end of the text.
+const char16_t kTextEnd[] = u"文末";
 const char16_t kEditMenuTitle[] = u"編集メニュー";
 
 // The entries of the editing menu, in order; the last is offered only in
@@ -19,6 +25,10 @@ const char16_t* const kEditMenuLabels[] = {u"全文を読む", u"先頭へ", u"�
 
 bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
 bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
+
+// Typed where no text can go, "?" asks for the help.
+bool IsHelpRequest(const CString& typed) { return typed == CString(u"?") || typed == CString(u"？"); }
+
 
 }  // namespace
 
@@ -36,10 +46,71 @@ void CVekEdit::SetText(CString text, int) {
 
 CString CVekEdit::GetText(int) { return text_; }
 
+// A line takes the focus with the cursor behind its text, so that what is
+// typed next goes on from it; a text of several lines is read out from its
+// start.
 void CVekEdit::SetFocus(CString label, int) {
+  TakeFocus();
   label_ = label;
   menuOpen_ = false;
-  PresentLine(true);
+  if (!multiLine_) {
+    cursor_ = text_.GetLength();
+    PresentLine(true);
+    return;
+  }
+  cursor_ = 0;
+  readStart_ = 0;
+  labelCells_ = label_.GetLength();
+  CurrentPresenter().ShowBraille(label_ + CursorLine());
+  CurrentPresenter().Speak(label_ + ReadingOf(text_), false);
+}
+
+CString CVekEdit::HelpTitle() const {
+  if (menuOpen_) return u"編集メニュー";
+  if (multiLine_) return u"本文";
+  return readOnly_ ? u"設定値" : u"入力欄";
+}
+
+std::vector<KeyHelp> CVekEdit::HelpKeys() const {
+  if (menuOpen_)
+    return {{CK_PREV, u"前の項目"}, {CK_NEXT, u"次の項目"}, {CK_ENTER, u"実行"}, {CK_BACK, u"閉じる"}};
+  if (multiLine_)
+    return {{CK_PREV, u"前の行"},        {CK_NEXT, u"次の行"},
+            {CK_CHAR_LEFT, u"一文字戻る"}, {CK_CHAR_RIGHT, u"一文字進む"},
+            {CK_LINE_START, u"行頭へ"},    {CK_LINE_END, u"行末へ"},
+            {CK_POPUP, u"編集メニュー、全文を読むなど"}};
+  // A value line is changed by the keys of the screen it stands on.
+  if (readOnly_) return {{CK_PREV, u"前の設定"}, {CK_NEXT, u"次の設定"}, {16, u"次の値"}};
+  return {{CK_CHAR_LEFT, u"一文字戻る"},  {CK_CHAR_RIGHT, u"一文字進む"},
+          {CK_LINE_START, u"先頭へ"},     {CK_LINE_END, u"末尾へ"},
+          {CK_BACKSPACE, u"前の文字を削除"}, {CK_DELETE, u"カーソルの文字を削除"},
+          {CK_POPUP, u"編集メニュー、全文削除など"}};
+}
+
+CString CVekEdit::ReadingOf(const CString& text) const {
+  if (text.IsEmpty()) return kBlankField;
+  CString lines = SpokenLines(text);
+  return lines.TrimRight(u" ") + u" " + kTextEnd;
+}
+
+void CVekEdit::Beep() { RequestBeep(taskWnd_, localWnd_, CONTROL_BEEP_CODE); }
+
+// The line of the cursor in a text; the character at the cursor in a line.
+void CVekEdit::TellPosition() {
+  if (multiLine_) {
+    int line = 1, lines = 1;
+    for (int i = 0; i < text_.GetLength(); ++i) {
+      if (text_[i] != u'\n') continue;
+      ++lines;
+      if (i < cursor_) ++line;
+    }
+    PresentPosition(line, lines);
+  } else if (cursor_ < text_.GetLength()) {
+    PresentPosition(cursor_ + 1, text_.GetLength());
+  } else {
+    CurrentPresenter().ShowBraille(label_ + text_);
+    CurrentPresenter().Speak(kLineEnd, false);
+  }
 }
 
 int CVekEdit::LineStart(int position) const {
@@ -88,13 +159,23 @@ void CVekEdit::PresentCharacter() {
   CurrentPresenter().Speak(text_.Mid(cursor_, units), false);
 }
 
+// At the first or last line the move beeps and the line is told again.
 void CVekEdit::MoveToLine(bool next) {
   if (next) {
     const int end = LineEnd(cursor_);
-    if (end < text_.GetLength()) cursor_ = end + 1;
+    if (end < text_.GetLength()) {
+      cursor_ = end + 1;
+    } else {
+      Beep();
+    }
   } else {
     const int start = LineStart(cursor_);
-    cursor_ = start > 0 ? LineStart(start - 1) : start;
+    if (start > 0) {
+      cursor_ = LineStart(start - 1);
+    } else {
+      cursor_ = start;
+      Beep();
+    }
   }
   PresentLine(false);
 }
@@ -105,7 +186,8 @@ void CVekEdit::DeleteAt(int position) {
     return;
   }
   if (position < 0 || position >= text_.GetLength()) {
-    PresentCharacter();
+    CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
+    CurrentPresenter().Speak(kNothingToDelete, false);
     return;
   }
   if (IsLowSurrogate(text_[position]) && position > 0 && IsHighSurrogate(text_[position - 1])) {
@@ -172,14 +254,16 @@ int CVekEdit::OnBrailleKey(uint32_t key, long) {
       PresentCharacter();
       return 1;
     case CK_BACKSPACE:
-      if (cursor_ == 0 && !readOnly_) {
-        PresentCharacter();
-      } else {
-        DeleteAt(cursor_ - 1);
-      }
+      DeleteAt(cursor_ - 1);
       return 1;
     case CK_DELETE:
       DeleteAt(cursor_);
+      return 1;
+    case CK_HELP:
+      PresentHelp();
+      return 1;
+    case CK_POSITION:
+      TellPosition();
       return 1;
     default:
       return 0;
@@ -213,8 +297,7 @@ int CVekEdit::PlayTts(CString text) {
 
 void CVekEdit::OnReadAll() {
   readStart_ = LineStart(cursor_);
-  const CString rest = text_.Mid(readStart_);
-  CurrentPresenter().Speak(rest.IsEmpty() ? CString(kBlankField) : rest, false);
+  CurrentPresenter().Speak(ReadingOf(text_.Mid(readStart_)), false);
 }
 
 void CVekEdit::OnReadAllEnd(int) {
@@ -229,7 +312,19 @@ void CVekEdit::PositionAtReadStop(unsigned offset, long) {
   PresentLine(false);
 }
 
-void CVekEdit::OnReadJPNEditTXT(_JPNDATA* data) { Insert(JpnDataText(data)); }
+// Text goes in only while this field has the focus and no editing menu is
+// open; elsewhere "?" asks for the help, and anything else is refused.
+void CVekEdit::OnReadJPNEditTXT(_JPNDATA* data) {
+  const CString typed = JpnDataText(data);
+  if (HasFocus() && !menuOpen_ && !readOnly_) {
+    Insert(typed);
+  } else if (IsHelpRequest(typed)) {
+    PresentHelp();
+  } else {
+    Beep();
+    if (HasFocus() && !menuOpen_) CurrentPresenter().Speak(kReadOnly, false);
+  }
+}
 
 int CVekEdit::EditMenuSize() const { return readOnly_ ? kClearAll : kClearAll + 1; }
 
@@ -251,6 +346,8 @@ int CVekEdit::EditMenuKey(uint32_t key) {
   } else if (key == CK_BACK || key == CK_POPUP_CLOSE || key == CK_EXIT) {
     menuOpen_ = false;
     PresentLine(true);
+  } else if (key == CK_HELP) {
+    PresentHelp();
   } else {
     PresentEditMenuItem();
   }
@@ -261,7 +358,7 @@ void CVekEdit::RunEditMenuItem() {
   switch (menuIndex_) {
     case kReadWhole:
       readStart_ = 0;
-      CurrentPresenter().Speak(text_.IsEmpty() ? CString(kBlankField) : text_, false);
+      CurrentPresenter().Speak(ReadingOf(text_), false);
       return;
     case kToStart:
       cursor_ = 0;

@@ -2,19 +2,26 @@
 // fields, the read-only article text of several lines, the read-only option
 // value, and the channel of announcements (PlayBrl, PlayTts).
 //
-// Presenting: SetFocus shows the label and the line of the cursor on
-// Braille and speaks the label and that line (an empty field is spoken as
-// the label and "空欄"). Keys (controls/control_keys.h):
-//   24, 8192 / 48, 16384  previous / next line; in a one-line field both
-//                         present the field again
+// Presenting: SetFocus takes the focus (controls/control_focus.h). A line
+// gets the cursor at the end of its text and shows and speaks the label and
+// the text (an empty field is spoken as the label and "空欄"); a text of
+// several lines gets the cursor at its start, shows the label and its first
+// line, and reads the label and the whole text out, ending in "文末".
+// Keys (controls/control_keys.h):
+//   24, 8192 / 48, 16384  previous / next line; at the first or last line
+//                         a beep is asked for and the line told again; in
+//                         a one-line field both present the field again
 //   1024 / 2048           cursor one character back / on; speaks the
 //                         character now at the cursor
 //   512 / 32768           cursor to the start / end of its line
 //   64 / 4096             deletes before / at the cursor (writable only);
-//                         speaks what went
+//                         speaks what went, or that nothing is there
 //   41                    opens the editing menu: the sub-state below
+//   CK_POSITION, CK_HELP  line (or character) "n/N"; the keys
 // Typed text (OnReadJPNEditTXT) goes in at the cursor, which moves behind
-// it; a one-line field drops line breaks; a read-only field takes nothing.
+// it, only while the field has the focus and is writable; a one-line field
+// drops line breaks. Elsewhere typing is refused with a beep, and "?"
+// presents the help.
 //
 // The sub-state of key 41, the editing menu: "全文を読む", "先頭へ",
 // "末尾へ" and, when writable, "全文削除". 24/48 move among them; 256 or
@@ -25,13 +32,15 @@
 #define CONTROLS_VEK_EDIT_H_
 
 #include <cstdint>
+#include <vector>
 
+#include "controls/control_focus.h"
 #include "controls/device_settings.h"
 #include "controls/jpn_data.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
 
-class CVekEdit {
+class CVekEdit : public FocusTaker {
  public:
   CVekEdit() = default;
   virtual ~CVekEdit() = default;
@@ -55,8 +64,13 @@ class CVekEdit {
   // Replaces the text; the cursor goes to its start.
   virtual void SetText(CString text, int unused);
   virtual CString GetText(int unused);
-  // Makes the field current and presents label and text.
+  // Makes the field current and presents label and text: a line with the
+  // cursor at its end; a text of several lines with the cursor at its
+  // start, its first line on Braille, and read out whole.
   virtual void SetFocus(CString label, int unused);
+
+  CString HelpTitle() const override;
+  std::vector<KeyHelp> HelpKeys() const override;
 
   // Result nonzero when the key meant something to the field.
   virtual int OnBrailleKey(uint32_t key, long lParam);
@@ -103,6 +117,11 @@ class CVekEdit {
   CString CursorLine() const;
   void PresentLine(bool withLabel);
   void PresentCharacter();
+  void TellPosition();
+  // How `text` is read out: its lines one after the other, and the end.
+  CString ReadingOf(const CString& text) const;
+  // Asks the task manager for a beep: a key that can't do what it asks.
+  void Beep();
   void MoveToLine(bool next);
   void DeleteAt(int position);
   void Insert(const CString& typed);

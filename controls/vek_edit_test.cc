@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "controls/beep_window_for_test.h"
+#include "controls/control_keys.h"
+#include "controls/key_help.h"
+#include "controls/vek_button_ctrl.h"
 #include "testing/recording_presenter.h"
 
 namespace {
@@ -31,6 +35,7 @@ TEST(EditTest, TypingMovingAndDeletingInALine) {
 
   Type(edit, u"いぬ");
   EXPECT_EQ(out.LastBraille(), "検索ワード:いぬ");
+  EXPECT_EQ(edit.Cursor(), 2);
   EXPECT_EQ(out.LastSpeech(), "いぬ");
   edit.OnBrailleKey(1024, 0);  // back one: on "ぬ"
   EXPECT_EQ(out.LastSpeech(), "ぬ");
@@ -44,13 +49,20 @@ TEST(EditTest, TypingMovingAndDeletingInALine) {
   EXPECT_EQ(edit.GetText(0), CString(u"いあ"));
   edit.OnBrailleKey(2048, 0);
   EXPECT_EQ(out.LastSpeech(), "行末");
+  edit.OnBrailleKey(4096, 0);  // nothing at the end to delete
+  EXPECT_EQ(out.LastSpeech(), "削除する文字がありません");
   edit.OnBrailleKey(512, 0);
   EXPECT_EQ(edit.Cursor(), 0);
+  edit.OnBrailleKey(64, 0);  // nor before the start
+  EXPECT_EQ(out.LastSpeech(), "削除する文字がありません");
+  EXPECT_EQ(out.LastBraille(), "検索ワード:いあ");
+  EXPECT_EQ(edit.GetText(0), CString(u"いあ"));
   edit.OnBrailleCursor(7, 0);  // cells 0-5 hold the label
   EXPECT_EQ(edit.Cursor(), 1);
 
   // A character beyond the BMP is one step and one deletion.
   SetUpField(edit, false, u"a\U00020B9Fb");
+  edit.OnBrailleKey(512, 0);
   edit.OnBrailleKey(2048, 0);
   edit.OnBrailleKey(2048, 0);
   EXPECT_EQ(edit.Cursor(), 3);
@@ -64,7 +76,10 @@ TEST(EditTest, ReadOnlyTextReadsByLineAndAll) {
   CVekEdit edit;
   SetUpField(edit, true, u"いぬ【犬】\r\n\n動物。");
   edit.SetFocus(u"検索結果:", 1);
+  // Opening reads the whole text out, its first line on Braille.
   EXPECT_EQ(out.LastBraille(), "検索結果:いぬ【犬】");
+  EXPECT_EQ(out.LastSpeech(), "検索結果:いぬ【犬】 動物。 文末");
+  EXPECT_EQ(edit.Cursor(), 0);
 
   edit.OnBrailleKey(48, 0);
   EXPECT_EQ(out.LastSpeech(), "空行");
@@ -83,7 +98,7 @@ TEST(EditTest, ReadOnlyTextReadsByLineAndAll) {
 
   edit.OnBrailleKey(48, 0);
   edit.OnReadAll();  // from the start of the cursor's line
-  EXPECT_EQ(out.LastSpeech(), "\\n動物。");
+  EXPECT_EQ(out.LastSpeech(), "動物。 文末");
   edit.PositionAtReadStop(3, 0);
   EXPECT_EQ(edit.Cursor(), 10);
   EXPECT_EQ(out.LastBraille(), "動物。");
@@ -92,6 +107,93 @@ TEST(EditTest, ReadOnlyTextReadsByLineAndAll) {
   out.Clear();
   edit.OnReadAllEnd(1);
   EXPECT_EQ(out.Events().front(), "STOP");
+}
+
+TEST(EditTest, FocusDecidesWhereTypingGoesAndEndsBeep) {
+  ScopedRecordingPresenter out;
+  BeepWindow task;
+  CVekEdit edit;
+  edit.SetTaskWnd(task.GetSafeHwnd());
+  CVekButtonCtrl button;
+  button.SetLabel(u"開く");
+
+  // Back on the word field, the cursor stands behind the word.
+  SetUpField(edit, false, u"はな");
+  edit.SetFocus(u"検索ワード:", 1);
+  EXPECT_EQ(edit.Cursor(), 2);
+  Type(edit, u"び");
+  EXPECT_EQ(edit.GetText(0), CString(u"はなび"));
+  edit.OnBrailleKey(CK_POSITION, 0);
+  EXPECT_EQ(out.LastSpeech(), "行末");
+  edit.OnBrailleKey(1024, 0);
+  edit.OnBrailleKey(CK_POSITION, 0);
+  EXPECT_EQ(out.LastSpeech(), "3/3");
+
+  // With the button in focus, typing is refused with a beep and the text
+  // stays; "?" there tells the button's keys.
+  button.DisplayItem(1);
+  out.Clear();
+  Type(edit, u"x");
+  EXPECT_EQ(edit.GetText(0), CString(u"はなび"));
+  EXPECT_EQ(task.beeps, 1);
+  EXPECT_TRUE(out.Events().empty());
+  Type(edit, u"?");
+  EXPECT_EQ(task.beeps, 1);
+  EXPECT_EQ(out.LastSpeech().rfind("ヘルプ。ボタンのキー。キー256、押す。", 0), 0u)
+      << out.LastSpeech();
+
+  // A read-only text refuses it too, and says why; its lines end in beeps.
+  SetUpField(edit, true, u"一行目\n二行目\n三行目");
+  edit.SetFocus(u"検索結果:", 1);
+  Type(edit, u"x");
+  EXPECT_EQ(task.beeps, 2);
+  EXPECT_EQ(out.LastSpeech(), "読み取り専用");
+  edit.OnBrailleKey(24, 0);
+  EXPECT_EQ(task.beeps, 3);
+  EXPECT_EQ(out.LastBraille(), "一行目");
+  edit.OnBrailleKey(48, 0);
+  edit.OnBrailleKey(CK_POSITION, 0);
+  EXPECT_EQ(out.LastSpeech(), "2/3");
+  edit.OnBrailleKey(48, 0);
+  edit.OnBrailleKey(48, 0);
+  EXPECT_EQ(task.beeps, 4);
+  EXPECT_EQ(out.LastBraille(), "三行目");
+
+  // So does an open editing menu.
+  SetUpField(edit, false, u"");
+  edit.SetFocus(u"検索ワード:", 1);
+  edit.OnBrailleKey(41, 0);
+  Type(edit, u"x");
+  EXPECT_EQ(task.beeps, 5);
+  EXPECT_TRUE(edit.GetText(0).IsEmpty());
+}
+
+// Names keys as a terminal's keyboard would; two common keys.
+class TestGuide : public KeyGuide {
+ public:
+  CString KeyName(uint32_t code) const override {
+    if (code == CK_CHAR_LEFT) return u"左矢印";
+    return code == CK_BACKSPACE ? CString(u"バックスペース") : CString();
+  }
+  std::vector<NamedKey> CommonKeys() const override {
+    return {{u"タブ", u"次のコントロール"}, {u"F1", u"ヘルプ"}};
+  }
+};
+
+TEST(EditTest, HelpTellsTheKeysOfTheFocusThenTheCommonOnes) {
+  ScopedRecordingPresenter out;
+  TestGuide guide;
+  SetKeyGuide(&guide);
+  CVekEdit edit;
+  SetUpField(edit, false, u"");
+  edit.SetFocus(u"検索ワード:", 1);
+  edit.OnBrailleKey(CK_HELP, 0);
+  // Keys the guide has no name for are left out.
+  EXPECT_EQ(out.LastSpeech(),
+            "ヘルプ。入力欄のキー。左矢印、一文字戻る。バックスペース、前の文字を削除。"
+            "共通のキー。タブ、次のコントロール。F1、ヘルプ。");
+  EXPECT_EQ(out.LastBraille(), out.LastSpeech());
+  SetKeyGuide(nullptr);
 }
 
 TEST(EditTest, KeyFortyOneSubStateEndsOnTheClosingKeys) {

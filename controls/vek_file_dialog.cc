@@ -4,9 +4,12 @@
 #include <filesystem>
 #include <system_error>
 
+#include "controls/beep_request.h"
 #include "controls/control_keys.h"
 #include "controls/jpn_data.h"
+#include "controls/key_help.h"
 #include "controls/presenter.h"
+#include "controls/spoken_text.h"
 #include "platform/utf8_text.h"
 #include "platform/device_path.h"
 
@@ -97,8 +100,14 @@ CString CVekFileDialog::GetPathName() const {
 }
 
 int CVekFileDialog::OnCopyData(CWnd*, tagCOPYDATASTRUCT* data) {
-  if (data != nullptr && data->dwData == JPNDATA_COPYDATA_ID && data->cbData >= sizeof(_JPNDATA)) {
-    typed_ += JpnDataText(static_cast<const _JPNDATA*>(data->lpData));
+  if (data == nullptr || data->dwData != JPNDATA_COPYDATA_ID || data->cbData < sizeof(_JPNDATA))
+    return 0;
+  const CString typed = JpnDataText(static_cast<const _JPNDATA*>(data->lpData));
+  // "?" alone, which no folder name is, asks for the help.
+  if (typed_.IsEmpty() && (typed == CString(u"?") || typed == CString(u"？"))) {
+    PresentHelp();
+  } else {
+    typed_ += typed;
   }
   return 0;
 }
@@ -110,6 +119,7 @@ int CVekFileDialog::DoModal() {
   position_ = 0;
   if (!CreateWindowObject()) return IDCANCEL;
   SendMessage(mainWnd_, WM_VEK_SET_MODAL, reinterpret_cast<WPARAM>(static_cast<CWnd*>(this)), 0);
+  TakeFocus();
   CString start = NormalPath(initPath_);
   while (!IsFolder(start) && start != TopOf(start)) start = ParentOf(start);
   EnterFolder(start, CString());
@@ -139,8 +149,14 @@ void CVekFileDialog::OnKey(uint32_t key) {
   if (key == CK_ENTER && !typed_.IsEmpty()) {
     GoToTyped();
   } else if (IsPrevKey(key) || IsNextKey(key)) {
-    item_ = std::clamp(item_ + (IsNextKey(key) ? 1 : -1), 0, last);
+    const int to = item_ + (IsNextKey(key) ? 1 : -1);
+    if (to < 0 || to > last) RequestBeep(taskWnd_, mainWnd_, CONTROL_BEEP_CODE);
+    item_ = std::clamp(to, 0, last);
     Present(false);
+  } else if (key == CK_POSITION) {
+    PresentPosition(item_ + 1, last + 1);
+  } else if (key == CK_HELP) {
+    PresentHelp();
   } else if (key == CK_ENTER && item_ > 0) {
     EnterFolder(folder_ + u"\\" + subfolders_[item_ - 1], CString());
   } else if (key == CK_ENTER) {
@@ -170,7 +186,16 @@ void CVekFileDialog::Present(bool withFolder) {
   const CString item = item_ > 0 ? subfolders_[item_ - 1] : CString(kChooseThisFolder);
   const CString line = folder_ + u" " + item;
   CurrentPresenter().ShowBraille(line);
-  CurrentPresenter().Speak(withFolder ? line : item, false);
+  CurrentPresenter().Speak(withFolder ? SpokenPath(folder_) + u" " + item : item, false);
+}
+
+std::vector<KeyHelp> CVekFileDialog::HelpKeys() const {
+  return {{CK_PREV, u"前の項目"},
+          {CK_NEXT, u"次の項目"},
+          {CK_ENTER, u"フォルダに入る、このフォルダを選択で選ぶ"},
+          {CK_YES, u"項目のフォルダを選ぶ"},
+          {CK_BACK, u"上のフォルダへ"},
+          {CK_EXIT, u"選ばずに閉じる"}};
 }
 
 void CVekFileDialog::Say(const CString& text) {
@@ -180,7 +205,8 @@ void CVekFileDialog::Say(const CString& text) {
 
 void CVekFileDialog::Choose(const CString& path) {
   if (!IsFolder(path)) {
-    Say(CString(kNoSuchFolder) + u" " + path);
+    CurrentPresenter().ShowBraille(CString(kNoSuchFolder) + u" " + path);
+    CurrentPresenter().Speak(CString(kNoSuchFolder) + u" " + SpokenPath(path), false);
   } else if (maxLength_ != 0 && static_cast<unsigned>(path.GetLength()) >= maxLength_) {
     Say(kPathTooLong);
   } else {

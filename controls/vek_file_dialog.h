@@ -9,18 +9,22 @@
 // WM_VEK_CLEAR_MODAL at its end. The run is a nested message loop inside
 // the caller's handler.
 //
-// A folder is presented as a list: item 0 "このフォルダを選択" stands for the
-// folder itself, then its subfolders by name. Braille shows the folder and
-// the item; speech says both when the folder changes, the item alone on a
-// move. Keys (docs/CONTROLS.md):
-//   24, 8192 / 48, 16384  previous / next item; the ends stay and repeat
+// The run takes the focus. A folder is presented as a list: item 0
+// "このフォルダを選択" stands for the folder itself, then its subfolders by
+// name. Braille shows the folder's path and the item; speech says both
+// when the folder changes (the path as its folders named one by one), the
+// item alone on a move. Keys (docs/CONTROLS.md):
+//   24, 8192 / 48, 16384  previous / next item; at the ends the item stays,
+//                         a beep is asked for, and the item is told again
+//   CK_POSITION, CK_HELP  "n/N" of the items; the keys
 //   256                   item 0: choose the folder; a subfolder: go into it
 //   234                   choose the item in view, folder or subfolder
 //   88                    up to the parent folder; at the card's top folder
 //                         the run ends with nothing chosen
 //   218                   the run ends with nothing chosen
 //   typed text, then 256  go to the folder typed, relative to the folder in
-//                         view or a device name from "\", and choose it
+//                         view or a device name from "\", and choose it;
+//                         "?" typed alone tells the keys
 // A cursor-routing key presents the item again. A folder that isn't there,
 // or a path longer than the caller takes, is told and nothing is chosen.
 #ifndef CONTROLS_VEK_FILE_DIALOG_H_
@@ -28,11 +32,12 @@
 
 #include <cstdint>
 
+#include "controls/control_focus.h"
 #include "controls/device_settings.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
 
-class CVekFileDialog : public CWnd {
+class CVekFileDialog : public CWnd, public FocusTaker {
  public:
   // `parent` is kept; the frame passes null.
   explicit CVekFileDialog(CWnd* parent) : parent_(parent) {}
@@ -61,6 +66,8 @@ class CVekFileDialog : public CWnd {
   void SetJpnKeyMode(int mode) { settings_.jpnKeyMode = mode; }
 
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  CString HelpTitle() const override { return u"フォルダ選択"; }
+  std::vector<KeyHelp> HelpKeys() const override;
 
   const CString& InitPath() const { return initPath_; }
   // The folder in view during the run.

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/beep_window_for_test.h"
+#include "controls/control_keys.h"
 #include "controls/jpn_data.h"
 #include "testing/recording_presenter.h"
 #include "platform/utf8_text.h"
@@ -51,6 +53,7 @@ class FileDialogTest : public ::testing::Test {
       std::filesystem::create_directories(card / folder);
     SetDeviceFolder(DeviceFolder::kCard, card.string());
     dialog.SetMainWnd(main.GetSafeHwnd());
+    dialog.SetInitDlg(task.GetSafeHwnd(), u"110", 1);
   }
   void TearDown() override {
     SetMessageSource(nullptr);
@@ -91,6 +94,7 @@ class FileDialogTest : public ::testing::Test {
 
   std::filesystem::path card;
   MainWindow main;
+  BeepWindow task;
   CVekFileDialog dialog{nullptr};
   ScopedRecordingPresenter presenter;
 };
@@ -107,6 +111,7 @@ TEST_F(FileDialogTest, WalksDownAndUpAndChoosesTheFolderOrTheItemInView) {
                          R"(\\SD\\epwing\\plus PLUS)",  // the last item stays
                          R"(\\SD\\epwing plus)"}));
   EXPECT_EQ(main.events, (std::vector<std::string>{"set", "clear"}));
+  EXPECT_EQ(task.beeps, 1);  // at the last item
 
   // Up from the start folder goes on to the card's top, on the folder
   // left; hidden folders don't show; enter on item 0 chooses the folder.
@@ -115,6 +120,17 @@ TEST_F(FileDialogTest, WalksDownAndUpAndChoosesTheFolderOrTheItemInView) {
   EXPECT_EQ(Lines(), (std::vector<std::string>{R"(\\SD\\epwing このフォルダを選択)",
                                                R"(\\SD epwing)", R"(\\SD other)",
                                                R"(\\SD epwing)", R"(\\SD このフォルダを選択)"}));
+}
+
+TEST_F(FileDialogTest, SpeechNamesTheFoldersAndTellsThePosition) {
+  EXPECT_EQ(Walk(u"\\SD\\epwing", {24, 48, CK_POSITION, "nowhere", 256, 218}), "-");
+  EXPECT_EQ(task.beeps, 1);  // at the first item
+  std::vector<std::string> speech;
+  for (const std::string& event : presenter.Events())
+    if (event.rfind("TTS ", 0) == 0) speech.push_back(event.substr(4));
+  EXPECT_EQ(speech, (std::vector<std::string>{
+                        "SD、epwing このフォルダを選択", "このフォルダを選択", "plus", "2/3",
+                        "フォルダがありません SD、epwing、nowhere"}));
 }
 
 TEST_F(FileDialogTest, TypedFoldersAreChosenWhenTheyExistAndFit) {

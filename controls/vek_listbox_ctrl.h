@@ -1,21 +1,25 @@
-// CVekListboxCtrl: the list box. DisplayItem and every move show the label
-// and the selected item as one Braille line and speak them. With no item
-// selected (an empty list, or SetCurSel beyond it) the item is told as
-// "項目なし".
+// CVekListboxCtrl: the list box. DisplayItem takes the focus; it and every
+// move show the label and the selected item as one Braille line and speak
+// them. With no item selected (an empty list, or SetCurSel beyond it) the
+// item is told as "項目なし".
 //
 // Keys: 24, 8192 select the previous item, 48, 16384 the next; at the
-// first or last item the selection stays and is presented again, so the
-// user hears the end. With nothing selected, next goes to the first item
-// and previous to the last. A cursor-routing key presents again.
+// first or last item (or in an empty list) the selection stays, the task
+// manager is asked for a beep, and the item is presented again. With
+// nothing selected, next goes to the first item and previous to the last.
+// CK_POSITION tells "n/N" (0 for no item), CK_HELP the keys. A
+// cursor-routing key presents again.
 #ifndef CONTROLS_VEK_LISTBOX_CTRL_H_
 #define CONTROLS_VEK_LISTBOX_CTRL_H_
 
 #include <cstdint>
+#include <vector>
 
+#include "controls/control_focus.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
 
-class CVekListboxCtrl {
+class CVekListboxCtrl : public FocusTaker {
  public:
   CVekListboxCtrl() = default;
   virtual ~CVekListboxCtrl() = default;
@@ -40,6 +44,9 @@ class CVekListboxCtrl {
   virtual void DisplayItem(int unused);
   virtual void OnBrailleKeyProc(uint32_t key, long lParam);
   virtual void OnCursorKeyProc(uint32_t cell, long lParam);
+
+  CString HelpTitle() const override { return u"リスト"; }
+  std::vector<KeyHelp> HelpKeys() const override;
 
   const CString& Label() const { return label_; }
 

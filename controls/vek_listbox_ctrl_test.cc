@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "testing/recording_presenter.h"
+#include "controls/beep_window_for_test.h"
+#include "controls/control_keys.h"
 #include "controls/vek_button_ctrl.h"
+#include "testing/recording_presenter.h"
 
 namespace {
 
@@ -15,9 +17,11 @@ void Fill(CVekListboxCtrl& list) {
   list.AddString(u"漢字");
 }
 
-TEST(ListboxTest, MovesFollowKeysAndStopAtTheEnds) {
+TEST(ListboxTest, MovesFollowKeysAndStopAtTheEndsWithABeep) {
   ScopedRecordingPresenter out;
+  BeepWindow task;
   CVekListboxCtrl list;
+  list.SetCtrlTaskWnd(task.GetSafeHwnd());
   Fill(list);
   list.SetCurSel(0);
   list.DisplayItem(1);
@@ -28,13 +32,18 @@ TEST(ListboxTest, MovesFollowKeysAndStopAtTheEnds) {
   EXPECT_EQ(list.GetCurSel(), 1);
   EXPECT_EQ(out.LastBraille(), "辞書選択:英和");
   list.OnBrailleKeyProc(16384, 0);
-  list.OnBrailleKeyProc(48, 0);  // at the last item: stays, told again
+  EXPECT_EQ(task.beeps, 0);
+  list.OnBrailleKeyProc(48, 0);  // at the last item: stays, beeps, told again
   EXPECT_EQ(list.GetCurSel(), 2);
+  EXPECT_EQ(task.beeps, 1);
   EXPECT_EQ(out.LastSpeech(), "辞書選択:漢字");
+  list.OnBrailleKeyProc(CK_POSITION, 0);
+  EXPECT_EQ(out.LastSpeech(), "3/3");
   list.OnBrailleKeyProc(8192, 0);
   list.OnBrailleKeyProc(24, 0);
   list.OnBrailleKeyProc(24, 0);
   EXPECT_EQ(list.GetCurSel(), 0);
+  EXPECT_EQ(task.beeps, 2);
 
   // Keys that are no moves change nothing and present nothing.
   out.Clear();
@@ -69,6 +78,8 @@ TEST(ListboxTest, SelectionOutsideTheListIsToldSafely) {
   EXPECT_EQ(list.GetCurSel(), -1);
   EXPECT_EQ(list.GetCount(), 0);
   EXPECT_EQ(out.LastSpeech(), "辞書選択:項目なし");
+  list.OnBrailleKeyProc(CK_POSITION, 0);
+  EXPECT_EQ(out.LastSpeech(), "0/0");
 }
 
 TEST(ButtonTest, DisplayItemPresentsTheLabel) {

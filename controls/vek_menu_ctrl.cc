@@ -1,6 +1,7 @@
 #include "controls/vek_menu_ctrl.h"
 
 #include "controls/control_keys.h"
+#include "controls/key_help.h"
 #include "controls/presenter.h"
 
 namespace {
@@ -44,6 +45,7 @@ void CVekMenuCtrl::SetFocus() {
   current_ = top.empty() ? nullptr : top.front();
   open_ = true;
   selectId_ = 0;
+  TakeFocus();
   Present(true);
 }
 
@@ -87,12 +89,21 @@ unsigned CVekMenuCtrl::OnBrailleKey(uint32_t key, long) {
     return 0;
   }
   if (key == CK_ENTER) return Activate(current_);
+  if (key == CK_HELP) {
+    PresentHelp();
+    return 1;
+  }
   const std::vector<VekMenuItem*> level = Level(current_ ? current_->parent : nullptr);
   if ((IsPrevKey(key) || IsNextKey(key)) && !level.empty()) {
     size_t at = 0;
     while (at < level.size() && level[at] != current_) ++at;
     at = IsNextKey(key) ? (at + 1) % level.size() : (at + level.size() - 1) % level.size();
     current_ = level[at];
+  } else if (key == CK_POSITION && !level.empty()) {
+    size_t at = 0;
+    while (at < level.size() && level[at] != current_) ++at;
+    PresentPosition(static_cast<int>(at + 1), static_cast<int>(level.size()));
+    return 1;
   } else {
     for (VekMenuItem* item : level) {
       if (item->keyValue == key) return Activate(item);
@@ -100,6 +111,11 @@ unsigned CVekMenuCtrl::OnBrailleKey(uint32_t key, long) {
   }
   Present(false);
   return 1;
+}
+
+std::vector<KeyHelp> CVekMenuCtrl::HelpKeys() const {
+  return {{CK_PREV, u"前の項目"}, {CK_NEXT, u"次の項目"}, {CK_ENTER, u"開く、選ぶ"},
+          {CK_BACK, u"閉じる"}};
 }
 
 unsigned CVekMenuCtrl::OnBrailleCursor(unsigned, long) {

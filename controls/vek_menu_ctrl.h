@@ -2,12 +2,14 @@
 // from "EPWING_MENU.lng" by id (key "title" names the menu itself; an id
 // without a line there is called "項目" and its number).
 //
-// SetFocus speaks the menu's title and presents the first top entry. Keys:
+// SetFocus takes the focus, speaks the menu's title and presents the first
+// top entry. Keys:
 // 24, 8192 / 48, 16384 move to the previous / next entry of the same level,
 // round the ends; 256 opens a group (presenting its first entry) or chooses
 // an entry without children, which closes the menu; 88 and 218 close it
 // without a choice; the key value an entry was added with acts as 256 on
-// that entry of the level in view. Other keys present the entry again.
+// that entry of the level in view; CK_POSITION tells "n/N" of the level,
+// CK_HELP the keys. Other keys present the entry again.
 #ifndef CONTROLS_VEK_MENU_CTRL_H_
 #define CONTROLS_VEK_MENU_CTRL_H_
 
@@ -15,6 +17,7 @@
 #include <memory>
 #include <vector>
 
+#include "controls/control_focus.h"
 #include "controls/device_settings.h"
 #include "controls/language_file.h"
 #include "platform/wide_string.h"
@@ -30,7 +33,7 @@ struct VekMenuItem {
 };
 using HVEKMENUITEM = VekMenuItem*;
 
-class CVekMenuCtrl {
+class CVekMenuCtrl : public FocusTaker {
  public:
   CVekMenuCtrl() = default;
   virtual ~CVekMenuCtrl() = default;
@@ -45,6 +48,8 @@ class CVekMenuCtrl {
   virtual HVEKMENUITEM AddMenu(HVEKMENUITEM parent, unsigned id, unsigned keyValue,
                                int hasChildren, CString label, void* reserved, unsigned flags);
   virtual void SetFocus();
+  CString HelpTitle() const override { return u"メニュー"; }
+  std::vector<KeyHelp> HelpKeys() const override;
   // Opens the menu for keys; returns at once (keys come by OnBrailleKey).
   virtual int DoModal();
   // Nonzero while the menu stays open, 0 once it has closed.

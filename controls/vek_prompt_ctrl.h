@@ -1,21 +1,23 @@
 // CVekPromptCtrl: a yes/no question. The words come from "vekwrdJpn.lng"
 // (keys "yes" and "no"; "はい" and "いいえ" when the file can't be read).
 //
-// SetFocus presents the question with the choice in view, which starts on
+// SetFocus takes the focus and presents the question with the choice in view, which starts on
 // no. Keys: 24, 8192, 48, 16384 switch between yes and no; 256 answers the
 // choice in view; 234 answers yes at once; 88 and 218 close with no answer.
-// Other keys present the choice again. Each of the closing keys closes it.
+// CK_HELP tells the keys; other keys present the choice again. Each of the closing keys closes it.
 #ifndef CONTROLS_VEK_PROMPT_CTRL_H_
 #define CONTROLS_VEK_PROMPT_CTRL_H_
 
 #include <cstdint>
+#include <vector>
 
+#include "controls/control_focus.h"
 #include "controls/device_settings.h"
 #include "controls/language_file.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
 
-class CVekPromptCtrl {
+class CVekPromptCtrl : public FocusTaker {
  public:
   CVekPromptCtrl() = default;
   virtual ~CVekPromptCtrl() = default;
@@ -26,6 +28,8 @@ class CVekPromptCtrl {
   // Sets the question; the choice in view goes back to no.
   virtual void SetPrompt(CString question, unsigned style, unsigned flags);
   virtual void SetFocus();
+  CString HelpTitle() const override { return u"確認"; }
+  std::vector<KeyHelp> HelpKeys() const override;
   // Nonzero while the prompt stays open, 0 once it has closed.
   virtual unsigned OnBrailleKey(uint32_t key, long lParam);
   // Presents the choice again; never closes the prompt.

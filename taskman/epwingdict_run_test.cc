@@ -24,12 +24,13 @@ TEST_F(EpwingdictRunTest, ShowsTheListMovesAndClosesSavingTheSettings) {
                 "KEY_NEXT_CTRL\ntext 辞書\nKEY_EXIT\n"),
             0)
       << ReadWholeFile(work / "stderr.txt");
-  // Each move presents the item; the second one down stays on the last.
+  // Each move presents the item; the second one down beeps and stays on
+  // the last.
   EXPECT_EQ(Transcript(),
             "STARTED\n"
             "BRL 辞書選択:プラス辞典/ことわざ小辞典\nTTS 辞書選択:プラス辞典/ことわざ小辞典\n"
             "BRL 辞書選択:second\nTTS 辞書選択:second\n"
-            "BRL 辞書選択:second\nTTS 辞書選択:second\n"
+            "BEEP 32\nBRL 辞書選択:second\nTTS 辞書選択:second\n"
             "BRL 辞書選択:プラス辞典/ことわざ小辞典\nTTS 辞書選択:プラス辞典/ことわざ小辞典\n"
             "BRL 検索ワード:\nTTS 検索ワード:空欄\n"
             "BRL 検索ワード:辞書\nTTS 辞書\n"

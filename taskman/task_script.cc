@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "app/frame_ids.h"
+#include "controls/control_keys.h"
 #include "taskman/task_manager.h"
 #include "platform/utf8_text.h"
 
@@ -15,6 +16,8 @@ const KeyName kKeyNames[] = {
     {"KEY_BACK", KEY_BACK},                 {"KEY_EDIT_CLOSE", KEY_EDIT_CLOSE},
     {"KEY_NEXT_CTRL", KEY_NEXT_CTRL},       {"KEY_EXIT", KEY_EXIT},
     {"KEY_YES", KEY_YES},                   {"KEY_ENTER", KEY_ENTER},
+    // The controls' own keys that every control answers.
+    {"KEY_HELP", CK_HELP},                  {"KEY_POSITION", CK_POSITION},
 };
 const int kKeyNameCount = static_cast<int>(sizeof kKeyNames / sizeof kKeyNames[0]);
 

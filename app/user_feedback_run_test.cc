@@ -1,0 +1,48 @@
+// What the controls tell the user beyond the screens' own messages, in
+// epwingdict runs on the demo card: where typing goes, beeps at the ends
+// of lists and texts, the position key, and the article read on opening.
+#include <string>
+
+#include "testing/epwingdict_runner.h"
+
+namespace {
+
+class UserFeedbackRunTest : public EpwingdictRunner {};
+
+}  // namespace
+
+TEST_F(UserFeedbackRunTest, TypingGoesOnBehindTheWordAndNowhereElse) {
+  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"
+                "text いぬ\n"           // on the result list: refused
+                "KEY_BACK\ntext び\n"   // back on the word: behind it
+                "64\n64\n64\n64\n"      // three characters to delete, then none
+                "KEY_EXIT\n"),
+            0)
+      << ReadWholeFile(work / "stderr.txt");
+  EXPECT_TRUE(HasLinesInOrder(Transcript(),
+                              {"BRL 検索結果:はな【花】", "TTS 検索結果:はな【花】", "BEEP 32",
+                               "BRL 検索ワード:はな", "BRL 検索ワード:はなび", "TTS び",
+                               "TTS な", "TTS は", "BRL 検索ワード:",
+                               "TTS 削除する文字がありません", "ENDED"}));
+  EXPECT_EQ(Transcript().find("いぬ"), std::string::npos);
+}
+
+TEST_F(UserFeedbackRunTest, ListsAndArticlesBeepAtTheirEndsAndTellThePosition) {
+  ASSERT_EQ(Run("24\nKEY_POSITION\n"                        // the first of one dictionary
+                "KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"
+                "48\n48\nKEY_POSITION\n"                   // the last of the articles
+                "24\nKEY_ENTER\n"                          // the first article
+                "24\n48\nKEY_POSITION\n48\n48\n"           // its first, second and last line
+                "KEY_EXIT\nKEY_EXIT\nKEY_EXIT\n"),
+            0)
+      << ReadWholeFile(work / "stderr.txt");
+  EXPECT_TRUE(HasLinesInOrder(
+      Transcript(),
+      {"BEEP 32", "BRL 辞書選択:プラス辞典/ことわざ小辞典", "TTS 1/1",
+       "BRL 検索結果:はな【鼻】", "BEEP 32", "BRL 検索結果:はな【鼻】", "TTS 2/2",
+       // Opening the article reads it out whole, its first line on Braille.
+       "BRL 検索結果:はな【花】",
+       "TTS 検索結果:はな【花】 植物が咲かせるもの。桜など。 英語 flower 文末", "BEEP 32",
+       "BRL はな【花】", "BRL 植物が咲かせるもの。桜など。", "TTS 2/3", "BRL 英語 flower ",
+       "BEEP 32", "BRL 英語 flower ", "ENDED"}));
+}
