@@ -180,22 +180,3 @@ FILE* open_text() {
   }
   return cdopen(path);
 }
-
-int32_t jis_to_sjis(int32_t code) {
-  if (code == 0) return 0x2020;
-  if (code < 0x2121 || code > 0x7E7E) return 0x3F3F;
-  const int high = code >> 8;
-  const int low = code & 0xFF;
-  int first;
-  int second;
-  if (high & 1) {
-    first = (high + 1) / 2 + 0x70;
-    second = low + 0x1F;
-  } else {
-    first = high / 2 + 0x70;
-    second = low + 0x7D;
-  }
-  if (first >= 0xA0) first += 0x40;
-  if (second >= 0x7F) second += 1;
-  return (first & 0xFF) << 8 | (second & 0xFF);
-}

@@ -13,7 +13,26 @@ const char* open_catalog(int32_t book);
 // The text file of the selected book, the single file, or the file table's
 // first file; does not set current_file.
 FILE* open_text();
-// JIS X 0208 code to a two-byte Shift-JIS code (first byte in bits 8..15).
-int32_t jis_to_sjis(int32_t code);
+// JIS X 0208 code to a two-byte Shift-JIS code (first byte in bits 8..15);
+// code 0 gives two blanks, a code outside the set "??". Inline: the decoder
+// converts every character it writes.
+inline int32_t jis_to_sjis(int32_t code) {
+  if (code == 0) return 0x2020;
+  if (code < 0x2121 || code > 0x7E7E) return 0x3F3F;
+  const int high = code >> 8;
+  const int low = code & 0xFF;
+  int first;
+  int second;
+  if (high & 1) {
+    first = (high + 1) / 2 + 0x70;
+    second = low + 0x1F;
+  } else {
+    first = high / 2 + 0x70;
+    second = low + 0x7D;
+  }
+  if (first >= 0xA0) first += 0x40;
+  if (second >= 0x7F) second += 1;
+  return (first & 0xFF) << 8 | (second & 0xFF);
+}
 
 #endif  // ENGINE_CATALOG_H_
