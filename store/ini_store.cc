@@ -4,11 +4,12 @@
 //   key "=" value        a key line of the section above it
 //   anything else        carried along as it stands, never interpreted
 //
-// Lines end in a line feed; a carriage return before it is dropped. Blanks
-// do not count in headers and keys ("[ DICT_LIST ]" and "LIST_SIZE =3"
-// name what "[DICT_LIST]" and "LIST_SIZE=3" do), but a value keeps every
-// unit behind the first "=", blanks included; what a line cannot carry is
-// escaped (store/ini_value_escape.h). A section runs from its header to the
+// Lines end in a line feed; carriage returns before it are dropped (a
+// value never ends in one: it is escaped). Blanks do not count in headers
+// and keys ("[ DICT_LIST ]" and "LIST_SIZE =3" name what "[DICT_LIST]" and
+// "LIST_SIZE=3" do), but a value keeps every unit behind the first "=",
+// blanks included; what a line cannot carry is escaped
+// (store/ini_value_escape.h). A section runs from its header to the
 // next line that begins with "["; a key is looked up in the first section
 // of its name only, and its first line there wins, so keys before the
 // first header and in a repeated section are out of reach. Lines have no
@@ -98,7 +99,7 @@ void IniStore::Parse(const std::string& bytes) {
     size_t end = text.find(u'\n', start);
     if (end == std::u16string::npos) end = text.size();
     std::u16string_view line(text.data() + start, end - start);
-    if (!line.empty() && line.back() == u'\r') line.remove_suffix(1);
+    while (!line.empty() && line.back() == u'\r') line.remove_suffix(1);
     start = end + 1;
     Line at = lines.emplace(lines.end(), std::u16string(line));
     const std::u16string shape = WithoutBlanks(line);

@@ -69,7 +69,7 @@ TEST_F(IniStoreTest, MissingFileGivesDefaultsAndFirstWriteMakesTwoLines) {
 }
 
 TEST_F(IniStoreTest, BlanksCountInValuesOnlyAndTheScanMatchesExactly) {
-  WriteFile("TOP=0\r\n[ DICT_LIST ]\nTITLE_0000=x\nTITLE=a=b c \nN=\nW=abc\nLIST_SIZE =3\r\n"
+  WriteFile("TOP=0\r\r\n[ DICT_LIST ]\nTITLE_0000=x\nTITLE=a=b c \nN=\nW=abc\nLIST_SIZE =3\r\n"
             "[DICT_LIST]\nX=2\n[broken\nY=3\n");
   IniStore store(path_);
   EXPECT_EQ(store.GetValue(u"DICT_LIST", u"TITLE", u"-"), CString(u"a=b c "));
