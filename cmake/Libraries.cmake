@@ -16,4 +16,7 @@ subsystem_library(app FOLDERS app DEPENDS controls results store platform)
 # keys from a script or the keyboard.
 subsystem_library(terminal FOLDERS terminal DEPENDS controls platform)
 subsystem_library(speech FOLDERS speech DEPENDS controls platform)
+# Japanese readings through MeCab, and kana Braille cells.
+include(${CMAKE_CURRENT_LIST_DIR}/MeCab.cmake)
+subsystem_library(reading FOLDERS reading DEPENDS platform MeCab::MeCab)
 subsystem_library(taskman FOLDERS taskman DEPENDS app terminal)

@@ -1,0 +1,23 @@
+// Japanese six-dot Braille from a text already written as it is to be read:
+// katakana in its Braille spelling (ガッコー, センセイ, particles ワ エ ヲ),
+// blanks between words, ASCII letters and digits, punctuation.
+//
+// Kana take one cell, or two with the voiced (⠐), semi-voiced (⠠),
+// contracted (⠈ ⠘ ⠨) and the special-sound signs (⠢ ⠲ ⠸); digits follow
+// the number sign ⠼, Latin letters the foreign-letter sign ⠰ (a capital
+// behind ⠠, a word of capitals behind ⠠⠠); a kana of the ア or ラ rows
+// right behind a number or a Latin word takes the joining sign ⠤ so that it
+// is not read as a digit or a letter. 。 is followed by two blanks and 、 ？ ！
+// by one when more text follows. A run of blanks is one blank cell; there is
+// no blank at either end. A character with no Braille form is the full cell
+// ⠿; Braille cells in the text are kept.
+#ifndef READING_BRAILLE_CELLS_H_
+#define READING_BRAILLE_CELLS_H_
+
+#include <string>
+#include <string_view>
+
+// Unicode Braille patterns (U+2800..U+28FF), U+2800 being the blank cell.
+std::u16string KanaToCells(std::u16string_view text);
+
+#endif  // READING_BRAILLE_CELLS_H_

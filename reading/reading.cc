@@ -1,0 +1,176 @@
+#include "reading/reading.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "reading/braille_cells.h"
+#include "reading/kana_text.h"
+#include "reading/mecab_words.h"
+
+namespace {
+
+bool HasKanji(std::u16string_view text) { return std::any_of(text.begin(), text.end(), IsKanji); }
+
+bool IsJapanese(std::u16string_view text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](char16_t ch) { return IsKanji(ch) || IsHiragana(ch) || IsKatakana(ch); });
+}
+
+// The words of one line; without MeCab, its blank-separated pieces with
+// no part of speech.
+std::vector<Word> LineWords(std::u16string_view line) {
+  std::vector<Word> words;
+  if (SplitWords(line, words)) return words;
+  size_t start = 0;
+  while (start < line.size()) {
+    size_t end = start;
+    while (end < line.size() && !IsBlank(line[end])) ++end;
+    if (end > start) {
+      Word word;
+      word.surface = line.substr(start, end - start);
+      word.blankBefore = start > 0;
+      words.push_back(std::move(word));
+    }
+    start = end + 1;
+  }
+  return words;
+}
+
+// A u- or o-row kana followed by ウ is said as a long vowel: ギュウ ギュー.
+std::u16string LongVowels(std::u16string kana) {
+  constexpr std::u16string_view kUOColumn =
+      u"ウクスツヌフムユルグズヅブプヴオコソトノホモヨロヲゴゾドボポュョゥォ";
+  for (size_t i = 1; i < kana.size(); ++i)
+    if (kana[i] == u'ウ' && kUOColumn.find(kana[i - 1]) != std::u16string_view::npos) kana[i] = u'ー';
+  return kana;
+}
+
+// The pronunciation of a word MeCab does not know: its kanji read one by
+// one where the dictionary knows them alone, its kana in katakana.
+std::u16string UnknownWordReading(const std::u16string& surface) {
+  if (!HasKanji(surface)) return LongVowels(ToKatakana(surface));
+  std::u16string reading;
+  for (char16_t ch : surface) {
+    std::vector<Word> alone;
+    if (IsKanji(ch) && SplitWords(std::u16string_view(&ch, 1), alone) && alone.size() == 1 &&
+        !alone[0].pronunciation.empty()) {
+      reading += alone[0].pronunciation;
+    } else {
+      reading += ToKatakana(std::u16string_view(&ch, 1));
+    }
+  }
+  return LongVowels(std::move(reading));
+}
+
+bool IsParticle(const Word& word) { return word.partOfSpeech == u"助詞"; }
+bool IsSymbol(const Word& word) { return word.partOfSpeech == u"記号"; }
+bool IsOpening(const Word& word) { return IsSymbol(word) && word.subclass == u"括弧開"; }
+bool IsNoun(const Word& word) {
+  return word.partOfSpeech == u"名詞" && word.subclass != u"非自立" && word.subclass != u"接尾";
+}
+
+// A particle can't open a phrase: there MeCab has misread a word (はな
+// alone), and the kana are read as they are written.
+bool OpensPhrase(const std::vector<Word>& words, size_t i) {
+  return i == 0 || words[i].blankBefore || IsSymbol(words[i - 1]) ||
+         !IsJapanese(words[i - 1].surface);
+}
+
+// The word as spoken.
+std::u16string Spoken(const std::vector<Word>& words, size_t i) {
+  const Word& word = words[i];
+  if (word.pronunciation.empty()) return UnknownWordReading(word.surface);
+  if (IsParticle(word) && OpensPhrase(words, i)) return word.reading;
+  return word.pronunciation;
+}
+
+// The word as Braille writes it: as pronounced, except that a long e-row
+// vowel spelled イ keeps its イ; words of katakana, Latin letters and digits
+// as they are written (ヴァイオリン, Tシャツ).
+std::u16string Written(const std::vector<Word>& words, size_t i) {
+  const Word& word = words[i];
+  if (std::none_of(word.surface.begin(), word.surface.end(),
+                   [](char16_t ch) { return IsKanji(ch) || IsHiragana(ch); }))
+    return word.surface;
+  std::u16string spoken = Spoken(words, i);
+  if (word.reading.size() == spoken.size() && !(IsParticle(word) && !OpensPhrase(words, i))) {
+    for (size_t k = 0; k < spoken.size(); ++k)
+      if (spoken[k] == u'ー' && word.reading[k] == u'イ') spoken[k] = u'イ';
+  }
+  return spoken;
+}
+
+// Whether Braille puts a blank between words[i - 1] and words[i]: before
+// each independent word, not before particles, auxiliaries and suffixes;
+// a compound noun is split only between parts of three morae or more.
+bool BlankBefore(const std::vector<Word>& words, const std::vector<std::u16string>& written,
+                 size_t i) {
+  const Word& word = words[i];
+  const Word& before = words[i - 1];
+  if (word.blankBefore) return true;
+  if (word.partOfSpeech.empty()) return false;
+  if (IsOpening(word)) return !IsOpening(before);
+  if (IsSymbol(word) || IsSymbol(before)) return false;
+  if (!IsJapanese(word.surface) || !IsJapanese(before.surface)) return false;
+  if (IsParticle(word) || word.partOfSpeech == u"助動詞" || word.subclass == u"接尾") return false;
+  if (before.partOfSpeech == u"接頭詞") return false;
+  if (word.subclass == u"非自立" && word.partOfSpeech == u"名詞")
+    return word.surface != u"の" && word.surface != u"ん";
+  if (IsNoun(word) && IsNoun(before))
+    return CountMorae(written[i]) >= 3 && CountMorae(written[i - 1]) >= 3;
+  if (word.partOfSpeech == u"動詞" && word.base == u"する" && before.subclass == u"サ変接続")
+    return false;
+  // A verb behind a verb's continuative form makes one compound verb
+  // (読み始める); behind a て-form the helping verb stands apart (見て いる).
+  if (word.partOfSpeech == u"動詞" && before.partOfSpeech == u"動詞" && before.form == u"連用形")
+    return false;
+  return true;
+}
+
+// Calls `line` for each line of the normalised text.
+template <typename LineFunction>
+void ForEachLine(std::u16string_view text, LineFunction line) {
+  const std::u16string normal = NormalizeWidth(text);
+  size_t start = 0;
+  while (start <= normal.size()) {
+    size_t end = normal.find_first_of(u"\r\n", start);
+    if (end == std::u16string::npos) end = normal.size();
+    line(std::u16string_view(normal).substr(start, end - start), start == 0);
+    if (end < normal.size() && normal[end] == u'\r' && end + 1 < normal.size() &&
+        normal[end + 1] == u'\n')
+      ++end;
+    start = end + 1;
+  }
+}
+
+}  // namespace
+
+std::u16string SpeechReading(std::u16string_view text) {
+  std::u16string reading;
+  ForEachLine(text, [&](std::u16string_view line, bool first) {
+    if (!first) reading += u'\n';
+    const std::vector<Word> words = LineWords(line);
+    for (size_t i = 0; i < words.size(); ++i) {
+      if (words[i].blankBefore && i > 0) reading += u' ';
+      reading += Spoken(words, i);
+    }
+  });
+  return reading;
+}
+
+std::u16string BrailleKana(std::u16string_view text) {
+  std::u16string kana;
+  ForEachLine(text, [&](std::u16string_view line, bool) {
+    const std::vector<Word> words = LineWords(line);
+    std::vector<std::u16string> written;
+    for (size_t i = 0; i < words.size(); ++i) written.push_back(Written(words, i));
+    for (size_t i = 0; i < words.size(); ++i) {
+      if (!kana.empty() && (i == 0 || BlankBefore(words, written, i)) && kana.back() != u' ')
+        kana += u' ';
+      kana += written[i];
+    }
+  });
+  return kana;
+}
+
+std::u16string BrailleCells(std::u16string_view text) { return KanaToCells(BrailleKana(text)); }
