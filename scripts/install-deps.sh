@@ -4,7 +4,9 @@
 set -e
 missing=""
 # man-db and groff-base: the install test renders the man pages with man -l.
-for pkg in cmake g++ make libgtest-dev man-db groff-base "$@"; do
+# MeCab and its dictionary give texts their readings; espeak-ng speaks them.
+for pkg in cmake g++ make libgtest-dev man-db groff-base libmecab-dev mecab-ipadic-utf8 \
+    espeak-ng "$@"; do
   dpkg -s "$pkg" >/dev/null 2>&1 || missing="$missing $pkg"
 done
 [ -z "$missing" ] && exit 0
