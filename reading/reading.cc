@@ -45,19 +45,35 @@ std::u16string LongVowels(std::u16string kana) {
   return kana;
 }
 
+// Marks the dictionary has no reading for when they stand alone, read by
+// their names.
+struct MarkName {
+  char16_t mark;          // the character
+  std::u16string_view name;  // its reading
+};
+constexpr MarkName kMarkNames[] = {{u'々', u"ノマ"}, {u'仝', u"ドー"}, {u'〆', u"シメ"}, {u'〃', u"オナジ"}};
+
 // The pronunciation of a word MeCab does not know: its kanji read one by
-// one where the dictionary knows them alone, its kana in katakana.
+// one where the dictionary knows them alone, 々 repeating the kanji before
+// it, its kana in katakana.
 std::u16string UnknownWordReading(const std::u16string& surface) {
   if (!HasKanji(surface)) return LongVowels(ToKatakana(surface));
-  std::u16string reading;
-  for (char16_t ch : surface) {
+  std::u16string reading, last;
+  for (size_t i = 0; i < surface.size(); ++i) {
+    const char16_t ch = surface[i];
     std::vector<Word> alone;
-    if (IsKanji(ch) && SplitWords(std::u16string_view(&ch, 1), alone) && alone.size() == 1 &&
-        !alone[0].pronunciation.empty()) {
-      reading += alone[0].pronunciation;
+    std::u16string said = ToKatakana(std::u16string_view(&ch, 1));
+    if (ch == u'々' && !last.empty()) {
+      said = last;
+    } else if (IsKanji(ch) && SplitWords(std::u16string_view(&ch, 1), alone) && alone.size() == 1 &&
+               !alone[0].pronunciation.empty()) {
+      said = alone[0].pronunciation;
     } else {
-      reading += ToKatakana(std::u16string_view(&ch, 1));
+      for (const MarkName& mark : kMarkNames)
+        if (mark.mark == ch) said = mark.name;
     }
+    last = IsKanji(ch) ? said : u"";
+    reading += said;
   }
   return LongVowels(std::move(reading));
 }
