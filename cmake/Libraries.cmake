@@ -11,12 +11,12 @@ subsystem_library(store FOLDERS store DEPENDS platform bookengine)
 subsystem_library(results FOLDERS results DEPENDS platform bookengine)
 subsystem_library(controls FOLDERS controls DEPENDS platform)
 subsystem_library(app FOLDERS app DEPENDS controls results store platform)
-# The outside world at the edge: the terminal's lines, speech, and the
-# stand-in for the device's task manager that starts the reader and hands it
-# keys from a script or the keyboard.
-subsystem_library(terminal FOLDERS terminal DEPENDS controls platform)
-subsystem_library(speech FOLDERS speech DEPENDS controls platform)
 # Japanese readings through MeCab, and kana Braille cells.
 include(${CMAKE_CURRENT_LIST_DIR}/MeCab.cmake)
 subsystem_library(reading FOLDERS reading DEPENDS platform MeCab::MeCab)
+# The outside world at the edge: the terminal's lines, speech, and the
+# stand-in for the device's task manager that starts the reader and hands it
+# keys from a script or the keyboard.
+subsystem_library(terminal FOLDERS terminal DEPENDS controls platform reading)
+subsystem_library(speech FOLDERS speech DEPENDS controls platform reading)
 subsystem_library(taskman FOLDERS taskman DEPENDS app terminal)
