@@ -2,8 +2,10 @@
 // task manager starts the application and hands it keys: from the keyboard
 // when standard input is a terminal, or from a key script (--keys). What
 // the user would get on the Braille display and from speech comes out as
-// transcript lines (BRL, TTS, BEEP, STARTED, ENDED), and speech through
-// espeak-ng when it is asked for.
+// lines: at the keyboard each presentation once, for a screen reader; with a
+// key script the transcript (BRL, TTS, BEEP, STARTED, ENDED); and speech
+// through espeak-ng, which is given the reading of each text, when it is
+// asked for.
 #include <unistd.h>
 
 #include <cstdio>
@@ -22,9 +24,10 @@
 #include "taskman/task_script.h"
 #include "taskman/terminal_keys.h"
 #include "speech/espeak_presenter.h"
+#include "speech/reading_presenter.h"
 #include "controls/language_file.h"
 #include "controls/presenter_pair.h"
-#include "terminal/transcript_writer.h"
+#include "terminal/console_lines.h"
 #include "platform/device_path.h"
 #include "project_version.h"
 
@@ -32,11 +35,14 @@ namespace {
 
 const char kUsage[] =
     "usage: epwingdict [--keys FILE|-] [--transcript FILE] [--card DIR] [--books DIR]...\n"
-    "                  [--home DIR] [--speech espeak|none]\n"
+    "                  [--home DIR] [--speech espeak|none] [--show text|dots|transcript]\n"
+    "                  [--dots] [--readings]\n"
     "\n"
     "The Japanese dictionary reader, with the keyboard standing in for the Braille\n"
     "keyboard. What the Braille display shows and what is spoken come out as\n"
-    "lines: \"BRL <text>\", \"TTS <text>\", \"BEEP <code>\", \"STARTED\", \"ENDED\".\n"
+    "lines: at the keyboard each presentation once, as a screen reader wants it;\n"
+    "with --keys as transcript lines \"BRL <text>\", \"TTS <text>\", \"BEEP <code>\",\n"
+    "\"STARTED\", \"ENDED\" (see --show).\n"
     "\n"
     "  --keys FILE       run a key script (\"-\": standard input) instead of the\n"
     "                    keyboard: one action a line, \"#\" starts a comment:\n"
@@ -64,9 +70,10 @@ const char kUsage[] =
     "                    (default: $XDG_CONFIG_HOME/epwingdict or ~/.config/epwingdict)\n"
     "  --speech MODE     espeak: speak through espeak-ng (voice ja) when it is\n"
     "                    installed; none: no speech. Default: espeak at the\n"
-    "                    keyboard, none with --keys\n"
-    "  --help            this text\n"
-    "  --version         the version\n"
+    "                    keyboard, none with --keys; speech is given the\n"
+    "                    katakana reading of each text\n";
+
+const char kKeyNames[] =
     "\n"
     "Key names: KEY_OPTION_VALUE 16, KEY_OPTION_UP 24, KEY_PREV_CTRL 28,\n"
     "KEY_EDIT_POPUP 41, KEY_OPTION_DOWN 48, KEY_MENU 58, KEY_BACK 88,\n"
@@ -82,6 +89,7 @@ struct Options {
   std::string home;        // host folder of the program's folder
   std::string speech;      // "espeak", "none", or empty for the default
   std::vector<std::string> books;  // folders mounted on the card (--books)
+  ConsoleOptions console;  // --show, --dots, --readings
 };
 
 int Fail(const std::string& message) {
@@ -95,6 +103,9 @@ int ReadOptions(int argc, char** argv, Options& options) {
     const std::string option = argv[i];
     if (option == "--help" || option == "-h") {
       std::fputs(kUsage, stdout);
+      std::fputs(kConsoleOptionsHelp, stdout);
+      std::fputs("  --help            this text\n  --version         the version\n", stdout);
+      std::fputs(kKeyNames, stdout);
       std::fputs(kTerminalKeyHelp, stdout);
       return -1;
     }
@@ -105,6 +116,11 @@ int ReadOptions(int argc, char** argv, Options& options) {
     if (option == "--books") {
       if (i + 1 >= argc || argv[i + 1][0] == '\0') return Fail(option + " needs a value");
       options.books.push_back(argv[++i]);
+      continue;
+    }
+    std::string error;
+    if (int read = ReadConsoleOption(argc, argv, i, options.console, error); read != 0) {
+      if (read < 0) return Fail(error);
       continue;
     }
     std::string* target = option == "--keys"         ? &options.keys
@@ -167,21 +183,16 @@ int main(int argc, char** argv) {
   // At the keyboard the terminal shows the lines; a transcript file, when
   // one is asked for, gets them too.
   const bool interactive = options.keys.empty();
-  TranscriptWriter transcript(transcriptFile);
-  TranscriptWriter terminal(console);
-  TranscriptPresenter transcriptLines(transcript);
-  TranscriptPresenter terminalLines(terminal);
-  const bool bothWriters = interactive && transcriptFile != console;
-  PresenterPair lines(terminalLines, transcriptLines);
-  Presenter& shown = bothWriters ? static_cast<Presenter&>(lines) : transcriptLines;
+  ConsoleLines lines(console, transcriptFile, options.console, interactive);
+  Presenter& shown = lines.presenter();
   EspeakPresenter espeak;
-  PresenterPair withSpeech(shown, espeak);
+  ReadingPresenter readings(espeak);
+  PresenterPair withSpeech(shown, readings);
   const std::string speech = options.speech.empty() ? (interactive ? "espeak" : "none") : options.speech;
   SetPresenter(speech == "espeak" ? static_cast<Presenter*>(&withSpeech) : &shown);
 
   CTaskManagerWnd taskManager;
-  taskManager.AddTranscript(&transcript);
-  if (bothWriters) taskManager.AddTranscript(&terminal);
+  for (TranscriptWriter* writer : lines.writers()) taskManager.AddTranscript(writer);
 
   std::unique_ptr<TerminalKeys> keyboard;
   size_t next = 0;

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/utf8_text.h"
+#include "reading/reading.h"
 
 std::string TranscriptText(const CString& text) {
   std::u16string escaped;
@@ -34,9 +35,15 @@ void TranscriptWriter::WriteLine(const std::string& line) {
   std::fflush(stream_);
 }
 
-void TranscriptWriter::Braille(const CString& text) { WriteLine("BRL " + TranscriptText(text)); }
+void TranscriptWriter::Braille(const CString& text) {
+  WriteLine("BRL " + TranscriptText(text));
+  if (extras_.dots) WriteLine("DOTS " + ToUtf8(CString(BrailleCells(text.Units()))));
+}
 
-void TranscriptWriter::Speech(const CString& text) { WriteLine("TTS " + TranscriptText(text)); }
+void TranscriptWriter::Speech(const CString& text) {
+  WriteLine("TTS " + TranscriptText(text));
+  if (extras_.readings) WriteLine("SAY " + TranscriptText(CString(SpeechReading(text.Units()))));
+}
 
 void TranscriptWriter::Beep(int code) { WriteLine("BEEP " + std::to_string(code)); }
 

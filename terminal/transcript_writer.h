@@ -2,7 +2,9 @@
 // docs/TRANSCRIPT.md):
 //
 //   BRL <text>    the Braille display shows <text> after a presentation
+//   DOTS <cells>  (asked for) the same line in Japanese Braille cells
 //   TTS <text>    an utterance
+//   SAY <reading> (asked for) the reading speech is given for it
 //   BEEP <code>   a beep the task manager was asked for
 //   STARTED       the application told the task manager it has started
 //   ENDED         the application told the task manager it has ended
@@ -18,19 +20,34 @@
 
 #include "controls/presenter.h"
 
+// The lines a transcript adds behind those of the controls' texts.
+struct TranscriptExtras {
+  bool dots = false;      // a DOTS line behind each BRL line
+  bool readings = false;  // a SAY line behind each TTS line
+};
+
+// The events of a run written as lines. Other forms of the terminal's
+// lines (console_lines.h) write the same events their own way.
 class TranscriptWriter {
  public:
   // Writes to `stream`, which stays the caller's; each line is flushed.
-  explicit TranscriptWriter(FILE* stream) : stream_(stream) {}
-  void Braille(const CString& text);
-  void Speech(const CString& text);
-  void Beep(int code);
-  void Started();
-  void Ended();
+  explicit TranscriptWriter(FILE* stream, TranscriptExtras extras = {})
+      : stream_(stream), extras_(extras) {}
+  virtual ~TranscriptWriter() = default;
+  virtual void Braille(const CString& text);
+  virtual void Speech(const CString& text);
+  virtual void Beep(int code);
+  virtual void Started();
+  virtual void Ended();
+
+ protected:
+  // Writes `line` and a line feed, and flushes.
+  void WriteLine(const std::string& line);
+  FILE* stream() const { return stream_; }
 
  private:
-  void WriteLine(const std::string& line);
-  FILE* stream_;  // where the lines go
+  FILE* stream_;             // where the lines go
+  TranscriptExtras extras_;  // lines added behind BRL and TTS
 };
 
 // The text of an event as the transcript writes it, escapes included.
