@@ -35,9 +35,11 @@ test-sanitize: deps
 	ASAN_OPTIONS=detect_leaks=1:abort_on_error=0 UBSAN_OPTIONS=print_stacktrace=1 \
 	  ctest --test-dir $(ASAN_BUILD) -j $(JOBS) --output-on-failure
 
-# Lookup speed, memory and book build time over the EDICT book (bench/run.sh).
+# Lookup speed, memory and book build time over the EDICT book (bench/run.sh);
+# what speech is given for its head lines (bench/reading_bench.sh).
 bench: build
 	bash bench/run.sh $(BUILD)
+	bash bench/reading_bench.sh $(BUILD)
 
 # The fuzz harnesses of fuzz/, each run for FUZZ_SECONDS (default 60).
 fuzz:
