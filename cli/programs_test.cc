@@ -10,7 +10,7 @@
 namespace {
 
 TEST(Programs, HelpVersionAndBadOptions) {
-  for (const std::string program : {"tomeview", "mkbook", "epwingdict"}) {
+  for (const std::string program : {"tomeview", "mkbook", "epwingdict", "tenji"}) {
     const std::string path = built_programs() + program;
     const CommandResult version = run_command(path + " --version");
     EXPECT_EQ(version.status, 0) << program;
@@ -23,6 +23,7 @@ TEST(Programs, HelpVersionAndBadOptions) {
   EXPECT_EQ(run_command(built_programs() + "mkbook --frob 2>/dev/null").status, 2);
   EXPECT_EQ(run_command(built_programs() + "epwingdict --frob 2>/dev/null").status, 2);
   EXPECT_EQ(run_command(built_programs() + "tomeview --frob").status, 2);
+  EXPECT_EQ(run_command(built_programs() + "tenji --frob 2>/dev/null").status, 2);
 }
 
 }  // namespace
