@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all run test test-sanitize bench build deps clean install
+.PHONY: all run test test-sanitize bench fuzz build deps clean install
 
 all: build
 
