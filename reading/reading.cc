@@ -36,6 +36,12 @@ std::vector<Word> LineWords(std::u16string_view line) {
   return words;
 }
 
+// Whether the dictionary gave the word a reading: some marks (仝, 々) are
+// listed as symbols that read as themselves.
+bool Known(const Word& word) {
+  return !word.pronunciation.empty() && !HasKanji(word.pronunciation);
+}
+
 // A u- or o-row kana followed by ウ is said as a long vowel: ギュウ ギュー.
 std::u16string LongVowels(std::u16string kana) {
   constexpr std::u16string_view kUOColumn =
@@ -66,7 +72,7 @@ std::u16string UnknownWordReading(const std::u16string& surface) {
     if (ch == u'々' && !last.empty()) {
       said = last;
     } else if (IsKanji(ch) && SplitWords(std::u16string_view(&ch, 1), alone) && alone.size() == 1 &&
-               !alone[0].pronunciation.empty()) {
+               Known(alone[0])) {
       said = alone[0].pronunciation;
     } else {
       for (const MarkName& mark : kMarkNames)
@@ -95,7 +101,7 @@ bool OpensPhrase(const std::vector<Word>& words, size_t i) {
 // The word as spoken.
 std::u16string Spoken(const std::vector<Word>& words, size_t i) {
   const Word& word = words[i];
-  if (word.pronunciation.empty()) return UnknownWordReading(word.surface);
+  if (!Known(word)) return UnknownWordReading(word.surface);
   if (IsParticle(word) && OpensPhrase(words, i)) return word.reading;
   return word.pronunciation;
 }

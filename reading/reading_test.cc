@@ -72,6 +72,8 @@ TEST(SpeechReadingTest, KanjiReadAsSpokenWithParticlesAsSaid) {
   // A は opening the text is no particle: the head word はな.
   EXPECT_EQ(Utf8(SpeechReading(u"はな")), "ハナ");
   EXPECT_EQ(Utf8(SpeechReading(u"検索結果:はな【花】")), "ケンサクケッカ:ハナ【ハナ】");
+  // Marks the dictionary lists as reading themselves are read by name.
+  EXPECT_EQ(Utf8(SpeechReading(u"どうじょう【仝】 のま【々】 人々")), "ドージョー【ドー】 ノマ【ノマ】 ヒトビト");
 }
 
 TEST(SpeechReadingTest, DigitsLettersAndSymbolsPassThrough) {
