@@ -10,6 +10,13 @@
 // screen one of the six, `focus` the remembered focus of that screen, and
 // the list box's selection within its items. Indexes into the frame's
 // lists are checked by the library's assertions.
+//
+// Typed words may begin as engine options that name files in the scratch
+// tree (key_input.h). After each input no file may have appeared or gone
+// anywhere in that tree but in the program's folder (the settings) and
+// the runtime folder (the work file), nor in the current folder, where a
+// relative name would land.
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -55,18 +62,46 @@ void write_demo_card(const fs::path& card) {
       << utf8_to_sjis(read_file(source / "BrailleGaiji.utf8.txt"));
 }
 
-// The settings file of the program's folder, after the card is set up.
-fs::path set_up_folders() {
+struct Folders {
+  fs::path settings;  // the settings file in the program's folder
+  fs::path home;      // the program's folder
+  fs::path runtime;   // the folder of the work file
+  fs::path scratch;   // the tree that holds them all, and the card
+};
+
+// Every path under `folders.scratch` but in the program's and the runtime
+// folder, and every name in the current folder.
+std::vector<fs::path> fixed_paths(const Folders& folders) {
+  std::vector<fs::path> paths;
+  for (const fs::directory_entry& entry : fs::directory_iterator(fs::current_path()))
+    paths.push_back(entry.path());
+  for (auto it = fs::recursive_directory_iterator(folders.scratch);
+       it != fs::recursive_directory_iterator(); ++it) {
+    if (it->path() == folders.home || it->path() == folders.runtime) {
+      it.disable_recursion_pending();
+      continue;
+    }
+    paths.push_back(it->path());
+  }
+  std::sort(paths.begin(), paths.end());
+  return paths;
+}
+
+Folders set_up_folders() {
   const fs::path card = fresh_directory("fuzz_app_card");
-  const fs::path home = fresh_directory("fuzz_app_home");
+  Folders folders;
+  folders.home = fresh_directory("fuzz_app_home");
+  folders.runtime = fresh_directory("fuzz_app_runtime");
+  folders.settings = folders.home / "epwingdict.ini";
+  folders.scratch = card.parent_path();
   write_demo_card(card);
   SetDeviceFolder(DeviceFolder::kCard, card.string());
-  SetDeviceFolder(DeviceFolder::kConfig, home.string());
-  SetDeviceFolder(DeviceFolder::kRuntime, fresh_directory("fuzz_app_runtime").string());
+  SetDeviceFolder(DeviceFolder::kConfig, folders.home.string());
+  SetDeviceFolder(DeviceFolder::kRuntime, folders.runtime.string());
   // The engine's own prints (its catalog listing, its failure numbers)
   // reach no one on the device.
   if (std::freopen("/dev/null", "w", stdout) == nullptr) abort();
-  return home / "epwingdict.ini";
+  return folders;
 }
 
 void check_frame(CMainFrame& frame) {
@@ -82,9 +117,10 @@ void check_frame(CMainFrame& frame) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const fs::path settings = set_up_folders();
-  fs::remove(settings);  // each run starts on the card alone
-  const std::vector<TaskAction> actions = decode_key_input(data, size);
+  static const Folders folders = set_up_folders();
+  static const std::vector<fs::path> before = fixed_paths(folders);
+  fs::remove(folders.settings);  // each run starts on the card alone
+  const std::vector<TaskAction> actions = decode_key_input(data, size, folders.scratch.string());
 
   CTaskManagerWnd taskManager;
   {
@@ -102,6 +138,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // stays for the outer one), so that the next run starts empty.
     while (RunMessageLoop() != -1) {
     }
+  }
+  const std::vector<fs::path> after = fixed_paths(folders);
+  if (after != before) {
+    for (const fs::path& path : after)
+      if (!std::binary_search(before.begin(), before.end(), path))
+        fprintf(stderr, "a file appeared: %s\n", path.c_str());
+    abort();
   }
   return 0;
 }

@@ -140,6 +140,9 @@ void write_key_seeds(const fs::path& dir) {
       "KEY_NEXT_CTRL\nKEY_ENTER\n48\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n",
       "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\nKEY_NEXT_CTRL\nKEY_ENTER\n"
       "24\n256\n24\n88\n88\n218\nKEY_PREV_CTRL\nKEY_EXIT\n",
+      // Words the engine would take for options or its prompt loop.
+      "KEY_NEXT_CTRL\ntext -Ox\nKEY_ENTER\nKEY_EXIT\nKEY_NEXT_CTRL\ntext /Oy\nKEY_ENTER\n"
+      "KEY_EXIT\nKEY_NEXT_CTRL\ntext --\nKEY_ENTER\nKEY_EXIT\n",
   };
   int n = 0;
   for (const char* script : scripts) {

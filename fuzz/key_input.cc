@@ -5,7 +5,15 @@
 
 namespace {
 
-enum Operation { kNamedKey = 0, kKeyCode = 1, kTyped = 2, kCursor = 3, kMute = 4, kSetting = 5 };
+enum Operation {
+  kNamedKey = 0,
+  kKeyCode = 1,
+  kTyped = 2,
+  kCursor = 3,
+  kMute = 4,
+  kSetting = 5,
+  kOptionWord = 6,
+};
 
 void add_text(std::string& bytes, const CString& text) {
   std::string utf8 = ToUtf8(text).substr(0, 255);
@@ -29,7 +37,12 @@ void add_key(std::string& bytes, uint32_t code) {
 
 }  // namespace
 
-std::vector<TaskAction> decode_key_input(const uint8_t* data, size_t size) {
+const char* const kOptionForms[] = {"-O", "/O", "-N", "-F", "-G", "-$", "-o",
+                                    "--", "-V", "-C", "-",  "/",  "0",  "12"};
+const int kOptionFormCount = sizeof kOptionForms / sizeof kOptionForms[0];
+
+std::vector<TaskAction> decode_key_input(const uint8_t* data, size_t size,
+                                         const std::string& folder) {
   std::vector<TaskAction> actions;
   size_t at = 0;
   // Whether `count` more bytes are there.
@@ -47,6 +60,15 @@ std::vector<TaskAction> decode_key_input(const uint8_t* data, size_t size) {
       action.kind = TaskAction::kText;
       action.text = FromUtf8(std::string_view(reinterpret_cast<const char*>(data + at + 1), length));
       at += 1 + length;
+    } else if (operation == kOptionWord) {
+      if (!take(2) || !take(2 + data[at + 1])) break;
+      const size_t length = data[at + 1];
+      action.kind = TaskAction::kText;
+      const int form = data[at] % kOptionFormCount;
+      action.text = CString(kOptionForms[form]);
+      if (form < kFileOptionForms) action.text += FromUtf8(folder + "/");
+      action.text += FromUtf8(std::string_view(reinterpret_cast<const char*>(data + at + 2), length));
+      at += 2 + length;
     } else if (operation == kCursor || operation == kMute) {
       if (!take(1)) break;
       action.kind = operation == kCursor ? TaskAction::kCursor : TaskAction::kMute;
