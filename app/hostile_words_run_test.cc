@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "testing/epwingdict_runner.h"
+#include "testing/word_book.h"
 #include "tools/body_text.h"
 #include "tools/book_writer.h"
 #include "tools/index_tree_writer.h"
@@ -47,8 +48,6 @@ TEST_F(HostileWordsRunTest, ACandidateThatLooksLikeAnOptionIsASearch) {
   const std::string target = (scratch / "y").string();
   // A book of two words whose second head line is "○/O<target>", the
   // path in a half-width run so that it comes out as ASCII.
-  BookTree tree(BookType::kEpwing);
-  Book& book = tree.add_book("辞書", "JITEN");
   BodyText body, heads;
   std::vector<IndexLeafEntry> entries;
   for (const char* word : {"あ", "あい"}) {
@@ -63,15 +62,8 @@ TEST_F(HostileWordsRunTest, ACandidateThatLooksLikeAnOptionIsASearch) {
       heads.code(0x1F05).code(0x1F0A);
     }
   }
-  const int32_t bodyBase = (book.text.add_area(0x00, body.data()) - 1) * 2048;
-  const int32_t headsBase = (book.text.add_area(0x05, heads.code(0x1F03).data()) - 1) * 2048;
-  for (IndexLeafEntry& entry : entries) {
-    entry.text += bodyBase;
-    entry.head += headsBase;
-  }
-  book.text.add_area(0x91, index_tree(entries, book.text.next_page()));
   std::filesystem::remove_all(card / "epwing" / "plus");
-  tree.write(card / "epwing" / "plus");
+  write_word_book(card / "epwing" / "plus", body, heads, entries);
 
   ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext あ\nKEY_ENTER\n"
                 "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n"  // the candidate

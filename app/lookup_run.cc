@@ -4,9 +4,14 @@
 // screen that the lookup left.
 #include "app/main_frame.h"
 #include "results/lookup.h"
+#include "results/run_on_entries.h"
+#include "results/typed_lookup.h"
 
-int32_t CMainFrame::LookupWord(const CString& path, int32_t bookNumber, const CString& word) {
-  return ::LookupWord(path, bookNumber, word, ArticleList, CandidateList, GaijiTable);
+int32_t CMainFrame::LookupWord(DictionaryEntry& entry, const CString& word, CString& foundAs) {
+  if (entry.entryEnds == ENTRY_ENDS_UNKNOWN)
+    entry.entryEnds = LookAtEntryEnds(entry.path, entry.bookNumber);
+  return LookupAsTyped(entry.path, entry.bookNumber, word, entry.entryEnds == ENTRY_ENDS_RUN_ON,
+                       ArticleList, CandidateList, GaijiTable, foundAs);
 }
 
 void CMainFrame::RunLookup(const CString& word) {
@@ -17,9 +22,11 @@ void CMainFrame::RunLookup(const CString& word) {
   }
   // Said without waiting: the user hears it while the engine runs.
   Announce(u"検索開始", -1, -1, 0);
-  const DictionaryEntry& entry = DictionaryList[dictionary];
-  const int32_t result = LookupWord(entry.path, entry.bookNumber, word);
+  CString foundAs;
+  const int32_t result = LookupWord(DictionaryList[dictionary], word, foundAs);
   if (result == 0 || result == kLookupStopped) {
+    // The user hears which word the results are of, before the list.
+    if (!foundAs.IsEmpty()) Announce(u"「" + foundAs + u"」で見つかりました", -1, -1, 1);
     // A lookup stopped at its limits shows what was found until then.
     if (result == kLookupStopped) Announce(u"検索を途中で打ち切りました", -1, -1, 1);
     focus = FOCUS_RESULT_LIST;

@@ -74,10 +74,14 @@ class CMainFrame : public CVekFrameWnd {
   // The menu of the lookup screens: built for the current screen and
   // opened; its keys come to HandleMenuKey (app/main_menu.cc).
   void OpenMainMenu();
-  // Looks `word` up in book `bookNumber` of folder `path` into ArticleList,
-  // CandidateList and GaijiTable: 0, or -1 when the folder holds no book
-  // any more (app/lookup_run.cc).
-  int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word);
+  // Looks `word` up in the dictionary `entry` into ArticleList,
+  // CandidateList and GaijiTable, as typed: when it finds no article, its
+  // forms in turn (results/typed_lookup.h); `foundAs` is the form that found
+  // the articles listed, empty for the word itself. The first lookup in a
+  // dictionary looks at how its entries end (results/run_on_entries.h).
+  // 0, kLookupStopped when the engine was stopped at its limits, or -1
+  // when the folder holds no book any more (app/lookup_run.cc).
+  int32_t LookupWord(DictionaryEntry& entry, const CString& word, CString& foundAs);
 
   // The ways into the management and settings screens, for the button and
   // the menu of the lookup screens: each sets the screen up and renders.

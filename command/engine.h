@@ -24,4 +24,9 @@ int32_t engine_has_forward_index(const char* drive, int32_t book);
 void engine_output(const char* drive, int32_t book, const char* output_path,
                    const char* argument);
 
+// As engine_output, with `option` (one option argument, such as "-S0x20")
+// before `argument`; a null `option` is none.
+void engine_output_option(const char* drive, int32_t book, const char* output_path,
+                          const char* option, const char* argument);
+
 #endif  // COMMAND_ENGINE_H_

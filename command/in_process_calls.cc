@@ -69,18 +69,29 @@ int32_t engine_has_forward_index(const char* drive, int32_t book) {
 
 void engine_output(const char* drive, int32_t book, const char* output_path,
                    const char* argument) {
+  engine_output_option(drive, book, output_path, nullptr, argument);
+}
+
+void engine_output_option(const char* drive, int32_t book, const char* output_path,
+                          const char* option, const char* argument) {
   char drive_arg[kPathSize];
   char output_arg[kPathSize];
   char book_arg[kBookArgSize];
+  char option_arg[kPathSize];
   // The argument gets a buffer of its own as a prompt line does, for a run
   // hands writable texts to engine_arg.
   char argument_copy[kPathSize];
   if (!make_arg(drive_arg, kPathSize, "-D", drive) ||
       !make_arg(output_arg, kPathSize, "-o", output_path) || !make_book_arg(book_arg, book) ||
+      !make_arg(option_arg, kPathSize, "", option ? option : "") ||
       !make_arg(argument_copy, kPathSize, "", argument)) {
     return;
   }
   char program[] = "tomeview";
-  char* argv[] = {program, drive_arg, output_arg, book_arg, argument_copy, nullptr};
-  engine_main(5, argv);
+  char* argv[] = {program, drive_arg, output_arg, book_arg, option_arg, argument_copy, nullptr};
+  if (option == nullptr) {
+    argv[4] = argument_copy;
+    argv[5] = nullptr;
+  }
+  engine_main(option ? 6 : 5, argv);
 }

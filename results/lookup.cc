@@ -74,7 +74,7 @@ std::string ReadAll(FILE* file) {
 
 int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
                    ResultItemArray& articles, ResultItemArray& candidates,
-                   GaijiMappingArray& gaiji, const RunLimits& limits) {
+                   GaijiMappingArray& gaiji, const RunLimits& limits, bool endAtHeads) {
   articles.clear();
   candidates.clear();
   // The engine names files as the host does: it gets host paths.
@@ -87,7 +87,11 @@ int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
   // A damaged or hostile book can make the engine write without end: it
   // runs apart, stopped at the limits, and what it wrote until then counts.
   const RunEnd end = RunBounded(
-      [&] { engine_output(folder.c_str(), bookNumber, workFile.c_str(), key.data()); }, limits);
+      [&] {
+        engine_output_option(folder.c_str(), bookNumber, workFile.c_str(),
+                             endAtHeads ? "-S0x20" : nullptr, key.data());
+      },
+      limits);
   const bool stopped = end != RunEnd::kFinished;
   LoadBrailleGaiji(path, gaiji);
   FILE* file = OpenDeviceFile(kWorkFileName, "r");

@@ -33,9 +33,12 @@ constexpr int32_t kLookupStopped = 1;
 // engine runs under `limits` (see RunBounded). Empties `articles` and `candidates` first in every case. Returns
 // -1, with `gaiji` and the work file untouched and the engine not run,
 // when the folder holds no catalog; kLookupStopped; otherwise 0, whatever
-// was found.
+// was found. With `endAtHeads` the engine ends an article at the next head
+// word's start (0x1F41) too: for books whose entries run on
+// (run_on_entries.h).
 int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
                    ResultItemArray& articles, ResultItemArray& candidates,
-                   GaijiMappingArray& gaiji, const RunLimits& limits = kLookupLimits);
+                   GaijiMappingArray& gaiji, const RunLimits& limits = kLookupLimits,
+                   bool endAtHeads = false);
 
 #endif  // RESULTS_LOOKUP_H_

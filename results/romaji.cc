@@ -5,7 +5,7 @@
 namespace {
 
 struct Syllable {
-  const char* latin;    // lower-case spelling, 1 to 4 letters
+  const char* latin;     // lower-case spelling, 1 to 4 letters
   const char16_t* kana;  // its hiragana
 };
 

@@ -33,7 +33,8 @@ CString WithAsciiLettersAndDigits(const CString& word) {
 std::vector<CString> TypedWordForms(const CString& word) {
   std::vector<CString> forms;
   auto add = [&](const CString& form) {
-    if (!form.IsEmpty() && form != word && std::find(forms.begin(), forms.end(), form) == forms.end())
+    if (!form.IsEmpty() && form != word &&
+        std::find(forms.begin(), forms.end(), form) == forms.end())
       forms.push_back(form);
   };
   const CString bare = WithoutBlanksAndSymbols(word);

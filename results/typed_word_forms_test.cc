@@ -17,14 +17,15 @@ TEST(TypedWordForms, BlanksSymbolsFullWidthAndRomajiInOrder) {
   EXPECT_EQ(Forms(u"ア・ラ・カルト"), std::vector<CString>({u"アラカルト"}));
   EXPECT_EQ(Forms(u"hana"), std::vector<CString>({u"はな"}));
   // each step builds on the one before
-  EXPECT_EQ(Forms(u"ｇａｋ ｋｏｕ"), std::vector<CString>({u"ｇａｋｋｏｕ", u"gakkou", u"がっこう"}));
+  EXPECT_EQ(Forms(u"ｇａｋ ｋｏｕ"),
+            std::vector<CString>({u"ｇａｋｋｏｕ", u"gakkou", u"がっこう"}));
   EXPECT_EQ(Forms(u"kon'ya"), std::vector<CString>({u"こんや"}));
 }
 
 TEST(TypedWordForms, NothingNewIsTriedAgain) {
   EXPECT_TRUE(Forms(u"はな").empty());
   EXPECT_TRUE(Forms(u"apple").empty());
-  EXPECT_TRUE(Forms(u"・ ").empty());  // nothing is left to look up
+  EXPECT_TRUE(Forms(u"・ ").empty());                           // nothing is left to look up
   EXPECT_EQ(Forms(u"ｉｃｅ"), std::vector<CString>({u"ice"}));  // no romaji
 }
 

@@ -5,8 +5,9 @@ set -e
 missing=""
 # man-db and groff-base: the install test renders the man pages with man -l.
 # MeCab and its dictionary give texts their readings; espeak-ng speaks them.
+# freepwing (fpwmake) makes the tests' books of another writer.
 for pkg in cmake g++ make libgtest-dev man-db groff-base libmecab-dev mecab-ipadic-utf8 \
-    espeak-ng "$@"; do
+    espeak-ng freepwing "$@"; do
   dpkg -s "$pkg" >/dev/null 2>&1 || missing="$missing $pkg"
 done
 [ -z "$missing" ] && exit 0
