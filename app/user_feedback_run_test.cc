@@ -1,6 +1,7 @@
 // What the controls tell the user beyond the screens' own messages, in
 // epwingdict runs on the demo card: where typing goes, beeps at the ends
-// of lists and texts, the position key, and the article read on opening.
+// of lists and texts, the position key, the article read on opening and
+// read again on request, and the help.
 #include <string>
 
 #include "testing/epwingdict_runner.h"
@@ -45,4 +46,35 @@ TEST_F(UserFeedbackRunTest, ListsAndArticlesBeepAtTheirEndsAndTellThePosition) {
        "TTS 検索結果:はな【花】 植物が咲かせるもの。桜など。 英語 flower 文末", "BEEP 32",
        "BRL はな【花】", "BRL 植物が咲かせるもの。桜など。", "TTS 2/3", "BRL 英語 flower ",
        "BEEP 32", "BRL 英語 flower ", "ENDED"}));
+}
+
+TEST_F(UserFeedbackRunTest, ReadingGoesOnFromTheCursorAndStopsWhereItGot) {
+  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n"
+                "readstop 8\n"               // stopped early in the second line
+                "readall\nreadstop 99\n"     // read from there to the end
+                "KEY_NEXT_CTRL\nreadall\n"   // no text in view: a beep
+                "KEY_EXIT\nKEY_EXIT\nKEY_EXIT\n"),
+            0)
+      << ReadWholeFile(work / "stderr.txt");
+  EXPECT_TRUE(HasLinesInOrder(
+      Transcript(), {"TTS 検索結果:はな【花】 植物が咲かせるもの。桜など。 英語 flower 文末",
+                     "BRL 植物が咲かせるもの。桜など。", "TTS 植物が咲かせるもの。桜など。",
+                     "TTS 植物が咲かせるもの。桜など。 英語 flower 文末", "BRL 英語 flower ",
+                     "TTS 閉じる ボタン", "BEEP 32", "ENDED"}));
+}
+
+TEST_F(UserFeedbackRunTest, HelpTellsTheKeysOfTheControlInViewInJapanese) {
+  ASSERT_EQ(Run("KEY_HELP\ntext ?\nKEY_NEXT_CTRL\nKEY_HELP\nKEY_EXIT\n"), 0)
+      << ReadWholeFile(work / "stderr.txt");
+  const std::string list =
+      "TTS ヘルプ。リストのキー。上矢印、前の項目。下矢印、次の項目。共通のキー。"
+      "タブ、次のコントロール。";
+  const std::string transcript = Transcript();
+  // F1 and "?" on the list alike; the list's keys, then the common ones.
+  const size_t first = transcript.find(list);
+  ASSERT_NE(first, std::string::npos) << transcript;
+  EXPECT_NE(transcript.find(list, first + 1), std::string::npos) << transcript;
+  EXPECT_NE(transcript.find("TTS ヘルプ。入力欄のキー。左矢印、一文字戻る。"), std::string::npos);
+  EXPECT_NE(transcript.find("F1、ヘルプ。F3、位置。"), std::string::npos);
+  EXPECT_EQ(transcript.find("BEEP"), std::string::npos);
 }

@@ -22,6 +22,7 @@
 #include "cli/card_setup.h"
 #include "taskman/task_manager.h"
 #include "taskman/task_script.h"
+#include "taskman/keyboard_map.h"
 #include "taskman/terminal_keys.h"
 #include "speech/espeak_presenter.h"
 #include "speech/reading_presenter.h"
@@ -55,6 +56,8 @@ const char kUsage[] =
     "                                          folder, relative to the one in view\n"
     "                                          or a device name from \"\\\", is\n"
     "                                          typed, then KEY_ENTER\n"
+    "                      readall             read-all of the text in view\n"
+    "                      readstop <n>        the reading stopped n characters on\n"
     "                    The run ends when the reader closes (KEY_EXIT on the first\n"
     "                    screen saves the settings) or when the script ends, which\n"
     "                    saves nothing, as if the process were killed.\n"
@@ -73,14 +76,9 @@ const char kUsage[] =
     "                    keyboard, none with --keys; speech is given the\n"
     "                    katakana reading of each text\n";
 
-const char kKeyNames[] =
+const char kKeyboardHeading[] =
     "\n"
-    "Key names: KEY_OPTION_VALUE 16, KEY_OPTION_UP 24, KEY_PREV_CTRL 28,\n"
-    "KEY_EDIT_POPUP 41, KEY_OPTION_DOWN 48, KEY_MENU 58, KEY_BACK 88,\n"
-    "KEY_EDIT_CLOSE 106, KEY_NEXT_CTRL 112, KEY_EXIT 218, KEY_YES 234, KEY_ENTER 256.\n"
-    "Lists, menus and the prompt move with 24 and 48.\n"
-    "\n"
-    "Keyboard (when standard input is a terminal):\n";
+    "Keyboard (when standard input is a terminal), the codes it gives in []:\n";
 
 struct Options {
   std::string keys;        // script path, "-" for standard input; empty: keyboard
@@ -105,8 +103,8 @@ int ReadOptions(int argc, char** argv, Options& options) {
       std::fputs(kUsage, stdout);
       std::fputs(kConsoleOptionsHelp, stdout);
       std::fputs("  --help            this text\n  --version         the version\n", stdout);
-      std::fputs(kKeyNames, stdout);
-      std::fputs(kTerminalKeyHelp, stdout);
+      std::fputs(kKeyboardHeading, stdout);
+      std::fputs((KeyboardHelp() + "\n" + ScriptKeyHelp()).c_str(), stdout);
       return -1;
     }
     if (option == "--version") {
@@ -198,7 +196,7 @@ int main(int argc, char** argv) {
   size_t next = 0;
   if (interactive) {
     keyboard = std::make_unique<TerminalKeys>(STDIN_FILENO);
-    std::fputs("epwingdict: Ctrl-Q closes (saving the settings); --help lists the keys.\n", console);
+    std::fputs("epwingdict: F1 tells the keys; Ctrl-Q closes (saving the settings).\n", console);
   }
   SetMessageSource([&]() {
     if (taskManager.AppEnded()) return false;

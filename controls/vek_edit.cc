@@ -295,7 +295,13 @@ int CVekEdit::PlayTts(CString text) {
   return 0;
 }
 
+// Reading belongs to the field in view: elsewhere read-all beeps and a
+// stop has nothing to place.
 void CVekEdit::OnReadAll() {
+  if (!HasFocus()) {
+    Beep();
+    return;
+  }
   readStart_ = LineStart(cursor_);
   CurrentPresenter().Speak(ReadingOf(text_.Mid(readStart_)), false);
 }
@@ -306,6 +312,7 @@ void CVekEdit::OnReadAllEnd(int) {
 }
 
 void CVekEdit::PositionAtReadStop(unsigned offset, long) {
+  if (!HasFocus()) return;
   const long long target = static_cast<long long>(readStart_) + offset;
   cursor_ = target > text_.GetLength() ? text_.GetLength() : static_cast<int>(target);
   if (IsLowSurrogate(text_[cursor_]) && cursor_ > 0) --cursor_;

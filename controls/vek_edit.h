@@ -96,7 +96,8 @@ class CVekEdit : public FocusTaker {
   // Read-all speaks the text from the start of the cursor's line to its
   // end, as one utterance. PositionAtReadStop puts the cursor `offset`
   // units behind where that reading began, as far as the text goes, and
-  // presents its line; OnReadAllEnd stops the reading.
+  // presents its line; OnReadAllEnd stops the reading. A field without the
+  // focus beeps at read-all and takes no stop.
   virtual void OnReadAll();
   virtual void OnReadAllEnd(int unused);
   virtual void PositionAtReadStop(unsigned offset, long lParam);

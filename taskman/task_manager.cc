@@ -4,15 +4,41 @@
 #include "app/reader_app.h"
 #include "controls/control_keys.h"
 #include "controls/jpn_data.h"
+#include "taskman/keyboard_map.h"
+
+namespace {
+// The help names the keys of the keyboard this task manager reads.
+const KeyboardGuide keyboardGuide;
+}  // namespace
 
 bool CTaskManagerWnd::StartApplication(CVekWinApp& app) {
   if (!CreateWindowObject()) return false;
+  SetKeyGuide(&keyboardGuide);
   CString commandLine;
   commandLine.Format(u"0 %u", static_cast<unsigned>(GetSafeHwnd()));
   return app.Start(commandLine);
 }
 
-void CTaskManagerWnd::DeliverKey(uint32_t key) { PostMessage(appWnd_, WM_VEK_KEY_IN, key, 0); }
+void CTaskManagerWnd::DeliverKey(uint32_t key) {
+  lastAction_ = std::chrono::steady_clock::now();
+  PostMessage(appWnd_, WM_VEK_KEY_IN, key, 0);
+}
+
+void CTaskManagerWnd::DeliverReadAll() {
+  lastAction_ = std::chrono::steady_clock::now();
+  PostMessage(appWnd_, WM_VEK_READ_ALL, 0, 0);
+}
+
+void CTaskManagerWnd::DeliverReadStop(uint32_t offset) {
+  lastAction_ = std::chrono::steady_clock::now();
+  PostMessage(appWnd_, WM_VEK_READ_STOP, offset, 0);
+}
+
+void CTaskManagerWnd::DeliverReadStopWhereSpeechGot() {
+  const std::chrono::duration<double> spoken = std::chrono::steady_clock::now() - lastAction_;
+  const double units = spoken.count() * kUnitsPerSecond;
+  DeliverReadStop(units >= UINT32_MAX ? UINT32_MAX : static_cast<uint32_t>(units));
+}
 
 void CTaskManagerWnd::DeliverCursor(uint32_t cell) {
   PostMessage(appWnd_, WM_VEK_CURSOR_IN, cell, 0);

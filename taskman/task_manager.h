@@ -2,11 +2,13 @@
 // the reader's own process. It starts the application with "0 <its own
 // window handle>" on the command line and then plays the device's part:
 // keys as WM_VEK_KEY_IN, cursor-routing keys as WM_VEK_CURSOR_IN, typed
-// text as Japanese text data by WM_COPYDATA, device settings and mute. It
-// writes what it is told (STARTED, ENDED, BEEP <code>) to the transcripts.
+// text as Japanese text data by WM_COPYDATA, device settings and mute, and
+// the reading messages (read-all, and where a reading stopped). It writes
+// what it is told (STARTED, ENDED, BEEP <code>) to the transcripts.
 #ifndef TASKMAN_TASK_MANAGER_H_
 #define TASKMAN_TASK_MANAGER_H_
 
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -37,6 +39,17 @@ class CTaskManagerWnd : public CWnd {
   void DeliverMute(bool mute);
   // Sent at once: the record lives only for the call.
   void DeliverText(const CString& text);
+  // Read-all of the text in view begins (WM_VEK_READ_ALL, wParam 0).
+  void DeliverReadAll();
+  // The reading stopped `offset` units of the text behind where it began
+  // (WM_VEK_READ_STOP).
+  void DeliverReadStop(uint32_t offset);
+  // The same, at the point the speech has reached by now. The reading is
+  // taken to have begun with the action delivered last (a read-all, or
+  // the key that opened a text, which reads it out), and to go on at
+  // kUnitsPerSecond: this stand-in hears no speech, so it reckons.
+  void DeliverReadStopWhereSpeechGot();
+  static constexpr double kUnitsPerSecond = 8.0;
 
   // Answers the open folder chooser as a user would: types `folder`
   // (relative to the folder in view, or a device name from "\"), then
@@ -49,6 +62,7 @@ class CTaskManagerWnd : public CWnd {
   std::vector<TranscriptWriter*> transcripts_;  // where STARTED, ENDED, BEEP go
   HWND appWnd_ = 0;                              // the application's window while it runs
   bool ended_ = false;                           // WM_VEK_APP_ENDED has come
+  std::chrono::steady_clock::time_point lastAction_;  // when the latest action was delivered
 };
 
 #endif  // TASKMAN_TASK_MANAGER_H_

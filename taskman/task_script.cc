@@ -21,6 +21,21 @@ const KeyName kKeyNames[] = {
 };
 const int kKeyNameCount = static_cast<int>(sizeof kKeyNames / sizeof kKeyNames[0]);
 
+std::string ScriptKeyHelp() {
+  std::string help = "Key names in scripts, with their codes:\n";
+  std::string line = " ";
+  for (int i = 0; i < kKeyNameCount; ++i) {
+    const std::string entry = std::string(" ") + kKeyNames[i].name + " " +
+                              std::to_string(kKeyNames[i].code) + (i + 1 < kKeyNameCount ? "," : "");
+    if (line.size() + entry.size() > 78) {
+      help += line + "\n";
+      line = " ";
+    }
+    line += entry;
+  }
+  return help + line + "\n";
+}
+
 namespace {
 
 const char kBlanks[] = " \t\r";
@@ -81,6 +96,14 @@ std::string ParseAction(const std::string& line, TaskAction& action) {
     action.kind = TaskAction::kSetting;
     action.number = static_cast<uint32_t>(number);
     action.value = static_cast<int32_t>(value);
+  } else if (verb == "readall") {
+    if (!args.empty()) return "readall takes nothing";
+    action.kind = TaskAction::kReadAll;
+  } else if (verb == "readstop") {
+    if (args.size() != 1 || !ReadNumber(args[0], 0, UINT32_MAX, number))
+      return "readstop needs the offset reached";
+    action.kind = TaskAction::kReadStop;
+    action.number = static_cast<uint32_t>(number);
   } else if (verb == "mute") {
     if (args.size() != 1 || !ReadNumber(args[0], 0, 1, number)) return "mute needs 0 or 1";
     action.kind = TaskAction::kMute;
@@ -144,6 +167,16 @@ void PerformTaskAction(CTaskManagerWnd& taskManager, const TaskAction& action) {
       break;
     case TaskAction::kChoose:
       taskManager.AnswerFolderChooser(action.text);
+      break;
+    case TaskAction::kReadAll:
+      taskManager.DeliverReadAll();
+      break;
+    case TaskAction::kReadStop:
+      if (action.value < 0) {
+        taskManager.DeliverReadStopWhereSpeechGot();
+      } else {
+        taskManager.DeliverReadStop(action.number);
+      }
       break;
   }
 }

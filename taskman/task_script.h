@@ -10,6 +10,9 @@
 //   choose <folder>             answers the open folder chooser: the folder,
 //                               relative to the one in view or a device
 //                               name from "\", typed, then KEY_ENTER
+//   readall                     read-all of the text in view begins
+//   readstop <n>                the reading stopped n units of the text
+//                               behind where it began
 #ifndef TASKMAN_TASK_SCRIPT_H_
 #define TASKMAN_TASK_SCRIPT_H_
 
@@ -22,10 +25,10 @@
 class CTaskManagerWnd;
 
 struct TaskAction {
-  enum Kind { kKey, kText, kCursor, kSetting, kMute, kChoose };
+  enum Kind { kKey, kText, kCursor, kSetting, kMute, kChoose, kReadAll, kReadStop };
   Kind kind = kKey;    // what to deliver
-  uint32_t number = 0; // key code, cursor cell, setting number, or mute flag
-  int32_t value = 0;   // setting value
+  uint32_t number = 0; // key code, cursor cell, setting number, mute flag, or read offset
+  int32_t value = 0;   // setting value; for kReadStop -1: where the speech got to
   CString text;        // typed text or chosen folder
 };
 
@@ -36,6 +39,8 @@ struct KeyName {
 };
 extern const KeyName kKeyNames[];
 extern const int kKeyNameCount;
+// The key names with their codes, for --help.
+std::string ScriptKeyHelp();
 
 // Appends the actions of `script` to `actions`. False at the first line
 // that is no action, with `error` saying which ("line 3: ...").

@@ -1,60 +1,91 @@
 #include "taskman/terminal_keys.h"
 
 #include <poll.h>
+#include <signal.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include "app/frame_ids.h"
 #include "controls/control_keys.h"
 #include "platform/utf8_text.h"
-
-const char kTerminalKeyHelp[] =
-    "  Up / Down, PageUp / PageDown  24 / 48, 8192 / 16384: previous / next item or line\n"
-    "  Tab / Shift-Tab               112 / 28: next / previous control\n"
-    "  Enter                         256: activate, choose\n"
-    "  Esc                           88: back\n"
-    "  Ctrl-Q or F10                 218: exit (on the first screen: close, saving the settings)\n"
-    "  Ctrl-O or F2                  58: menu\n"
-    "  Ctrl-E                        41: the edit field's own menu\n"
-    "  Ctrl-W                        106: close the edit field's menu\n"
-    "  Ctrl-Y                        234: yes\n"
-    "  Ctrl-V or F5                  16: next value of an option\n"
-    "  Left / Right                  1024 / 2048: cursor one character back / on\n"
-    "  Home / End                    512 / 32768: start / end of the line\n"
-    "  Backspace / Delete            64 / 4096: delete before / at the cursor\n"
-    "  Ctrl-D                        leave at once, without saving\n"
-    "  any other text                typed into the focused field\n";
 
 namespace {
 
 constexpr char kEscape = '\x1b';
 constexpr int kEscapeWaitMs = 50;  // a lone Esc is one with nothing behind it by then
 
-// Control characters and their codes.
+// What a key delivers: a key code, or a reading message.
+struct KeyAction {
+  TaskAction::Kind kind;  // kKey, kReadAll or kReadStop
+  uint32_t code;          // the key code of a kKey
+};
+constexpr KeyAction Key(uint32_t code) { return {TaskAction::kKey, code}; }
+constexpr KeyAction kReadAll{TaskAction::kReadAll, 0};
+constexpr KeyAction kReadStop{TaskAction::kReadStop, 0};
+
+// Control characters and what they deliver.
 struct ControlKey {
-  char byte;      // what the terminal sends
-  uint32_t code;  // the key code
+  char byte;         // what the terminal sends
+  KeyAction action;  // what it delivers
 };
 constexpr ControlKey kControlKeys[] = {
-    {'\t', KEY_NEXT_CTRL}, {'\r', KEY_ENTER},      {'\n', KEY_ENTER},     {'\x11', KEY_EXIT},
-    {'\x0f', KEY_MENU},    {'\x05', KEY_EDIT_POPUP}, {'\x17', KEY_EDIT_CLOSE}, {'\x19', KEY_YES},
-    {'\x16', KEY_OPTION_VALUE}, {'\x7f', CK_BACKSPACE}, {'\x08', CK_BACKSPACE},
+    {'\t', Key(KEY_NEXT_CTRL)},    {'\r', Key(KEY_ENTER)},      {'\n', Key(KEY_ENTER)},
+    {'\x11', Key(KEY_EXIT)},       {'\x0f', Key(KEY_MENU)},     {'\x05', Key(KEY_EDIT_POPUP)},
+    {'\x17', Key(KEY_EDIT_CLOSE)}, {'\x19', Key(KEY_YES)},      {'\x16', Key(KEY_OPTION_VALUE)},
+    {'\x7f', Key(CK_BACKSPACE)},   {'\x08', Key(CK_BACKSPACE)}, {'\x10', Key(CK_POSITION)},
+    {'\x12', kReadAll},            {'\x14', kReadStop},
 };
 
-// Escape sequences (behind ESC) and their codes.
+// Escape sequences (behind ESC) and what they deliver.
 struct EscapeKey {
   const char* sequence;  // what follows ESC
-  uint32_t code;         // the key code
+  KeyAction action;      // what it delivers
 };
 constexpr EscapeKey kEscapeKeys[] = {
-    {"[A", CK_PREV},        {"[B", CK_NEXT},         {"[C", CK_CHAR_RIGHT},
-    {"[D", CK_CHAR_LEFT},   {"[H", CK_LINE_START},   {"[F", CK_LINE_END},
-    {"OH", CK_LINE_START},  {"OF", CK_LINE_END},     {"[1~", CK_LINE_START},
-    {"[4~", CK_LINE_END},   {"[3~", CK_DELETE},      {"[5~", CK_PREV_ALT},
-    {"[6~", CK_NEXT_ALT},   {"[Z", KEY_PREV_CTRL},   {"[21~", KEY_EXIT},
-    {"OQ", KEY_MENU},       {"[12~", KEY_MENU},      {"[15~", KEY_OPTION_VALUE},
-    {"OA", CK_PREV},        {"OB", CK_NEXT},         {"OC", CK_CHAR_RIGHT},
-    {"OD", CK_CHAR_LEFT},
+    {"[A", Key(CK_PREV)},        {"[B", Key(CK_NEXT)},          {"[C", Key(CK_CHAR_RIGHT)},
+    {"[D", Key(CK_CHAR_LEFT)},   {"[H", Key(CK_LINE_START)},    {"[F", Key(CK_LINE_END)},
+    {"OH", Key(CK_LINE_START)},  {"OF", Key(CK_LINE_END)},      {"[1~", Key(CK_LINE_START)},
+    {"[4~", Key(CK_LINE_END)},   {"[3~", Key(CK_DELETE)},       {"[5~", Key(CK_PREV_ALT)},
+    {"[6~", Key(CK_NEXT_ALT)},   {"[Z", Key(KEY_PREV_CTRL)},    {"[21~", Key(KEY_EXIT)},
+    {"OQ", Key(KEY_MENU)},       {"[12~", Key(KEY_MENU)},       {"[15~", Key(KEY_OPTION_VALUE)},
+    {"OA", Key(CK_PREV)},        {"OB", Key(CK_NEXT)},          {"OC", Key(CK_CHAR_RIGHT)},
+    {"OD", Key(CK_CHAR_LEFT)},   {"OP", Key(CK_HELP)},          {"[11~", Key(CK_HELP)},
+    {"OR", Key(CK_POSITION)},    {"[13~", Key(CK_POSITION)},    {"[17~", kReadAll},
+    {"[18~", kReadStop},
 };
+
+// The action of `key`; a stop of reading goes where the speech got to.
+TaskAction ActionOf(const KeyAction& key) {
+  TaskAction action;
+  action.kind = key.kind;
+  action.number = key.code;
+  if (key.kind == TaskAction::kReadStop) action.value = -1;
+  return action;
+}
+
+// The terminal that a TerminalKeys holds, for the signal handlers: Ctrl-Z
+// gives the terminal back as it was before the process stops, and the
+// continuation takes it over again.
+int heldFd = -1;
+struct termios heldSaved{};
+struct termios heldRaw{};
+struct sigaction previousStop{};
+struct sigaction previousContinue{};
+
+void OnStop(int) {
+  const int savedErrno = errno;
+  tcsetattr(heldFd, TCSANOW, &heldSaved);
+  kill(getpid(), SIGSTOP);
+  errno = savedErrno;
+}
+
+// Also after a stop from elsewhere: the shell may have reset the mode.
+void OnContinue(int) {
+  const int savedErrno = errno;
+  tcsetattr(heldFd, TCSANOW, &heldRaw);
+  errno = savedErrno;
+}
 
 // Bytes of the escape sequence at the start of `bytes` (which begins with
 // ESC): CSI runs to a final byte 0x40-0x7E, SS3 takes one byte more. 0 when
@@ -80,18 +111,42 @@ TerminalKeys::TerminalKeys(int fd) : fd_(fd) {
   raw.c_cc[VMIN] = 1;
   raw.c_cc[VTIME] = 0;
   restore_ = tcsetattr(fd_, TCSANOW, &raw) == 0;
+  if (!restore_ || heldFd >= 0) return;
+  heldFd = fd_;
+  heldSaved = saved_;
+  heldRaw = raw;
+  struct sigaction handler{};
+  sigemptyset(&handler.sa_mask);
+  handler.sa_flags = SA_RESTART;
+  handler.sa_handler = OnStop;
+  sigaction(SIGTSTP, &handler, &previousStop);
+  handler.sa_handler = OnContinue;
+  sigaction(SIGCONT, &handler, &previousContinue);
+  holdsSignals_ = true;
 }
 
 TerminalKeys::~TerminalKeys() {
+  if (holdsSignals_) {
+    sigaction(SIGTSTP, &previousStop, nullptr);
+    sigaction(SIGCONT, &previousContinue, nullptr);
+    heldFd = -1;
+  }
   if (restore_) tcsetattr(fd_, TCSANOW, &saved_);
 }
 
+// A signal (the continuation after Ctrl-Z, a resize) breaks off the wait
+// without ending the input.
 bool TerminalKeys::Fill(int timeoutMs) {
   if (ended_) return false;
   struct pollfd wait{fd_, POLLIN, 0};
-  if (poll(&wait, 1, timeoutMs) <= 0) return false;
+  int ready;
+  while ((ready = poll(&wait, 1, timeoutMs)) < 0 && errno == EINTR) {
+  }
+  if (ready <= 0) return false;
   char bytes[256];
-  const ssize_t got = read(fd_, bytes, sizeof bytes);
+  ssize_t got;
+  while ((got = read(fd_, bytes, sizeof bytes)) < 0 && errno == EINTR) {
+  }
   if (got <= 0) {
     ended_ = true;
     return false;
@@ -119,7 +174,7 @@ int TerminalKeys::Take(TaskAction& action) {
   action = TaskAction();
   for (const ControlKey& key : kControlKeys) {
     if (key.byte == pending_[0]) {
-      action.number = key.code;
+      action = ActionOf(key.action);
       pending_.erase(0, 1);
       return 1;
     }
@@ -158,7 +213,7 @@ int TerminalKeys::TakeEscape(TaskAction& action) {
   pending_.erase(0, length);
   for (const EscapeKey& key : kEscapeKeys) {
     if (sequence == key.sequence) {
-      action.number = key.code;
+      action = ActionOf(key.action);
       return 1;
     }
   }

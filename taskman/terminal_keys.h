@@ -1,8 +1,13 @@
 // The keyboard of a terminal as the device's Braille keyboard: each key
-// press becomes one task manager action, a key code or typed text. The
-// terminal is put in a mode without line editing or echo for as long as a
-// TerminalKeys object lives (signals such as Ctrl-C keep working).
+// press becomes one task manager action, a key code, typed text or a
+// reading message. The terminal is put in a mode without line editing or
+// echo for as long as a TerminalKeys object lives; signals such as Ctrl-C
+// keep working. Ctrl-Z gives the terminal back as it was before the
+// process stops, and `fg` takes it over again; a signal (a resize, the
+// continuation) never ends the input.
 //
+// The map, with the names and meanings that --help and the spoken help
+// give, is taskman/keyboard_map.cc:
 //   Up / Down, PageUp / PageDown   24 / 48, 8192 / 16384  previous / next
 //   Tab / Shift-Tab                112 / 28   next / previous control
 //   Enter                          256        activate, choose
@@ -16,6 +21,11 @@
 //   Left / Right                   1024 / 2048  cursor one character
 //   Home / End                     512 / 32768  start / end of the line
 //   Backspace / Delete             64 / 4096  delete before / at the cursor
+//   F1                             65536      help
+//   F3 or Ctrl-P                   131072     position
+//   F6 or Ctrl-R                   read-all (WM_VEK_READ_ALL)
+//   F7 or Ctrl-T                   stop reading where the speech got to
+//                                  (WM_VEK_READ_STOP)
 //   Ctrl-D                         leave at once, nothing saved
 //   anything printable (UTF-8)     typed text, as Japanese text data
 #ifndef TASKMAN_TERMINAL_KEYS_H_
@@ -26,9 +36,6 @@
 #include <termios.h>
 
 #include "taskman/task_script.h"
-
-// The key map above, for --help.
-extern const char kTerminalKeyHelp[];
 
 class TerminalKeys {
  public:
@@ -57,6 +64,7 @@ class TerminalKeys {
   struct termios saved_{};  // the mode before
   std::string pending_;     // bytes read and not yet made into actions
   bool ended_ = false;      // no more input
+  bool holdsSignals_ = false;  // this object answers Ctrl-Z and the continuation
 };
 
 #endif  // TASKMAN_TERMINAL_KEYS_H_
