@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the build into a scratch prefix and uses it as a user would, from
 # a folder of its own, with a home of its own:
-# - the installed programs print their versions;
+# - the installed programs print their versions and have man pages;
 # - epwingdict makes the user's card with the demo books on first start, and
 #   a lookup on them finds a word (its menu words come from the installed
 #   language files);
@@ -26,10 +26,13 @@ cd "$work/elsewhere"
 unset XDG_DATA_HOME XDG_CONFIG_HOME EPWINGDICT_CARD EPWINGDICT_BOOKS CDDRIVE
 export HOME="$work/home" XDG_RUNTIME_DIR="$work/run"
 
-for program in tomeview mkbook epwingdict; do
-  "$prefix/bin/$program" --version | grep -q "^$program (tomeview reader) " ||
-    fail "$program --version"
+# Every installed program tells its version and has its man page.
+for path in "$prefix"/bin/*; do
+  program=$(basename "$path")
+  "$path" --version | grep -q "^$program (tomeview reader) " || fail "$program --version"
+  [ -f "$prefix/share/man/man1/$program.1" ] || fail "no man page for $program"
 done
+[ -x "$prefix/bin/epwingdict" ] || fail "epwingdict is not installed"
 
 # First start: a lookup in the first built-in dictionary, then the menu.
 cat > lookup.keys <<'KEYS'
