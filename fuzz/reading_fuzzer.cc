@@ -1,0 +1,43 @@
+// Harness: any text through the reading and the Braille translation.
+//
+// An even first byte: the rest is UTF-8 (bytes that are no UTF-8 become
+// U+FFFD, as from a terminal or a file). An odd one: the rest is UTF-16
+// units, lone surrogates and controls included, as a book may hand them.
+// Speech must get back well-formed UTF-16; Braille nothing but cells.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "platform/utf8_text.h"
+#include "reading/reading.h"
+
+namespace {
+
+bool WellFormed(const std::u16string& text) {
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char16_t ch = text[i];
+    if (ch >= 0xD800 && ch <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
+        text[i + 1] <= 0xDFFF) {
+      ++i;
+    } else if (ch >= 0xD800 && ch <= 0xDFFF) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  if (size == 0) return 0;
+  std::u16string text;
+  if (data[0] % 2 == 0) {
+    text = FromUtf8(std::string_view(reinterpret_cast<const char*>(data + 1), size - 1)).Units();
+  } else {
+    for (size_t i = 1; i + 1 < size; i += 2) text += static_cast<char16_t>(data[i] | data[i + 1] << 8);
+  }
+  if (!WellFormed(SpeechReading(text))) std::abort();
+  for (char16_t cell : BrailleCells(text))
+    if (cell < 0x2800 || cell > 0x28FF) std::abort();
+  return 0;
+}
