@@ -26,6 +26,10 @@ constexpr uint32_t CK_DELETE = 4096;     // deletes the character at the cursor
 constexpr uint32_t CK_LINE_START = 512;  // cursor to the start of its line
 constexpr uint32_t CK_LINE_END = 32768;  // cursor to the end of its line
 
+// A value line: the next value. The screen that shows the value takes the
+// key; the field names it in its help.
+constexpr uint32_t CK_NEXT_VALUE = 16;
+
 // Every control: telling the user where they are and what the keys do.
 // The frame compares neither, so they reach the control in view.
 constexpr uint32_t CK_HELP = 65536;       // says the keys of the control in focus and the common ones

@@ -80,7 +80,7 @@ std::vector<KeyHelp> CVekEdit::HelpKeys() const {
             {CK_LINE_START, u"行頭へ"},    {CK_LINE_END, u"行末へ"},
             {CK_POPUP, u"編集メニュー、全文を読むなど"}};
   // A value line is changed by the keys of the screen it stands on.
-  if (readOnly_) return {{CK_PREV, u"前の設定"}, {CK_NEXT, u"次の設定"}, {16, u"次の値"}};
+  if (readOnly_) return {{CK_PREV, u"前の設定"}, {CK_NEXT, u"次の設定"}, {CK_NEXT_VALUE, u"次の値"}};
   return {{CK_CHAR_LEFT, u"一文字戻る"},  {CK_CHAR_RIGHT, u"一文字進む"},
           {CK_LINE_START, u"先頭へ"},     {CK_LINE_END, u"末尾へ"},
           {CK_BACKSPACE, u"前の文字を削除"}, {CK_DELETE, u"カーソルの文字を削除"},
