@@ -152,7 +152,9 @@ void CVekEdit::PresentCharacter() {
   CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
   labelCells_ = multiLine_ ? 0 : label_.GetLength();
   if (cursor_ >= LineEnd(cursor_) || text_[cursor_] == u'\r') {
-    CurrentPresenter().Speak(text_.IsEmpty() ? kBlankField : kLineEnd, false);
+    // The end of a text of several lines is its end, not one line's.
+    const bool textEnd = multiLine_ && cursor_ >= text_.GetLength();
+    CurrentPresenter().Speak(text_.IsEmpty() ? kBlankField : textEnd ? kTextEnd : kLineEnd, false);
     return;
   }
   const int units = IsHighSurrogate(text_[cursor_]) && IsLowSurrogate(text_[cursor_ + 1]) ? 2 : 1;

@@ -158,6 +158,8 @@ TEST(EditTest, FocusDecidesWhereTypingGoesAndEndsBeep) {
   edit.OnBrailleKey(48, 0);
   EXPECT_EQ(task.beeps, 4);
   EXPECT_EQ(out.LastBraille(), "三行目");
+  edit.OnBrailleKey(CK_LINE_END, 0);  // the end of the last line ends the text
+  EXPECT_EQ(out.LastSpeech(), "文末");
 
   // So does an open editing menu.
   SetUpField(edit, false, u"");
