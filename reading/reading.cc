@@ -92,10 +92,15 @@ bool IsNoun(const Word& word) {
 }
 
 // A particle can't open a phrase: there MeCab has misread a word (はな
-// alone), and the kana are read as they are written.
+// alone), and the kana are read as they are written. A phrase opens behind
+// a symbol, one MeCab does not know (a colon) included.
 bool OpensPhrase(const std::vector<Word>& words, size_t i) {
-  return i == 0 || words[i].blankBefore || IsSymbol(words[i - 1]) ||
-         !IsJapanese(words[i - 1].surface);
+  if (i == 0 || words[i].blankBefore || IsSymbol(words[i - 1])) return true;
+  const std::u16string& before = words[i - 1].surface;
+  return std::none_of(before.begin(), before.end(), [](char16_t ch) {
+    return IsKanji(ch) || IsHiragana(ch) || IsKatakana(ch) || (ch >= u'0' && ch <= u'9') ||
+           ((ch | 0x20) >= u'a' && (ch | 0x20) <= u'z');
+  });
 }
 
 // The word as spoken.

@@ -38,7 +38,7 @@ const Case kCases[] = {
     {"丁寧", "⠟⠃⠏⠃"}, {"映画", "⠋⠃⠐⠡"},
     // the particles は へ を, joined to their word
     {"私は学生です", "⠄⠕⠳⠄⠀⠐⠡⠩⠻⠃⠐⠟⠹"}, {"東京へ行く", "⠞⠒⠈⠪⠒⠋⠀⠃⠩"},
-    {"辞書を引く", "⠐⠳⠈⠺⠔⠀⠧⠩"}, {"犬が好き", "⠃⠍⠐⠡⠀⠹⠣"},
+    {"辞書を引く", "⠐⠳⠈⠺⠔⠀⠧⠩"}, {"犬が好き", "⠃⠍⠐⠡⠀⠹⠣"}, {"NHKは", "⠰⠠⠠⠝⠓⠅⠤⠄"},
     // numbers: the number sign, the decimal point and the thousands
     // mark, the joining sign before a kana of the ア and ラ rows
     {"123", "⠼⠁⠃⠉"}, {"2024年", "⠼⠃⠚⠃⠙⠏⠴"}, {"3.14", "⠼⠉⠂⠁⠙"},
