@@ -136,6 +136,8 @@ bool BlankBefore(const std::vector<Word>& words, const std::vector<std::u16strin
   const Word& before = words[i - 1];
   if (word.blankBefore) return true;
   if (word.partOfSpeech.empty()) return false;
+  // No word ends in a geminate: MeCab has split a kana word (がっ|こう).
+  if (!written[i - 1].empty() && written[i - 1].back() == u'ッ') return false;
   if (IsOpening(word)) return !IsOpening(before);
   if (IsSymbol(word) || IsSymbol(before)) return false;
   if (!IsJapanese(word.surface) || !IsJapanese(before.surface)) return false;
