@@ -29,7 +29,7 @@ bool IsKatakana(char16_t ch) { return (ch >= 0x30A1 && ch <= 0x30FA) || ch == u'
 
 bool IsKanji(char16_t ch) {
   return (ch >= 0x4E00 && ch <= 0x9FFF) || (ch >= 0x3400 && ch <= 0x4DBF) ||
-         (ch >= 0xF900 && ch <= 0xFAFF) || ch == u'々';
+         (ch >= 0xF900 && ch <= 0xFAFF) || ch == u'々' || ch == u'〆';
 }
 
 bool IsBlank(char16_t ch) { return ch <= 0x20 || ch == 0x7F || ch == 0x3000; }

@@ -12,7 +12,8 @@ bool IsHiragana(char16_t ch);
 // Katakana U+30A1..U+30FA and the prolonged sound mark ー.
 bool IsKatakana(char16_t ch);
 // CJK ideographs (the unified block and extension A, compatibility
-// ideographs) and the iteration mark 々: what needs a reading to be spoken.
+// ideographs), the iteration mark 々 and 〆: what needs a reading to be
+// spoken.
 bool IsKanji(char16_t ch);
 // Blank, tab, line break, ideographic space and other C0 controls.
 bool IsBlank(char16_t ch);

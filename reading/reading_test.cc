@@ -74,6 +74,7 @@ TEST(SpeechReadingTest, KanjiReadAsSpokenWithParticlesAsSaid) {
   EXPECT_EQ(Utf8(SpeechReading(u"検索結果:はな【花】")), "ケンサクケッカ:ハナ【ハナ】");
   // Marks the dictionary lists as reading themselves are read by name.
   EXPECT_EQ(Utf8(SpeechReading(u"どうじょう【仝】 のま【々】 人々")), "ドージョー【ドー】 ノマ【ノマ】 ヒトビト");
+  EXPECT_EQ(Utf8(BrailleCells(u"〆")), "⠳⠿");
 }
 
 TEST(SpeechReadingTest, DigitsLettersAndSymbolsPassThrough) {
