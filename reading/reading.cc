@@ -103,9 +103,12 @@ bool OpensPhrase(const std::vector<Word>& words, size_t i) {
   });
 }
 
-// The word as spoken.
+// The word as spoken. Behind a number, 月 counts months (3月 サンガツ):
+// the dictionary reads it so only behind numerals it knows, and digits
+// reach it as ASCII.
 std::u16string Spoken(const std::vector<Word>& words, size_t i) {
   const Word& word = words[i];
+  if (word.surface == u"月" && i > 0 && words[i - 1].subclass == u"数") return u"ガツ";
   if (!Known(word)) return UnknownWordReading(word.surface);
   if (IsParticle(word) && OpensPhrase(words, i)) return word.reading;
   return word.pronunciation;
@@ -136,6 +139,11 @@ bool BlankBefore(const std::vector<Word>& words, const std::vector<std::u16strin
   const Word& before = words[i - 1];
   if (word.blankBefore) return true;
   if (word.partOfSpeech.empty()) return false;
+  // No word begins with a long vowel or a small kana: MeCab has split a
+  // kana word (すご|ーい, きゃり|ー).
+  if (!written[i].empty() && std::u16string_view(u"ーァィゥェォャュョッヮ").find(written[i][0]) !=
+                                 std::u16string_view::npos)
+    return false;
   // No word ends in a geminate: MeCab has split a kana word (がっ|こう).
   if (!written[i - 1].empty() && written[i - 1].back() == u'ッ') return false;
   if (IsOpening(word)) return !IsOpening(before);

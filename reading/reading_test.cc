@@ -33,6 +33,8 @@ const Case kCases[] = {
     {"発表", "⠥⠂⠨⠮⠒"}, {"ぎゅうにゅう", "⠘⠩⠒⠈⠍⠒"},
     // the small つ
     {"切手", "⠣⠂⠟"}, {"ロケット", "⠚⠫⠂⠞"}, {"学校", "⠐⠡⠂⠪⠒"}, {"がっこう", "⠐⠡⠂⠪⠒"},
+    // a long vowel or small kana that MeCab splits off stays in its word
+    {"すごーい", "⠹⠐⠪⠒⠃"}, {"きゃりー", "⠈⠡⠓⠒"},
     // long vowels: ー for the u and o rows, イ kept for えい
     {"空気", "⠩⠒⠣"}, {"東京", "⠞⠒⠈⠪⠒"}, {"コーヒー", "⠪⠒⠧⠒"}, {"先生", "⠻⠴⠻⠃"},
     {"丁寧", "⠟⠃⠏⠃"}, {"映画", "⠋⠃⠐⠡"},
@@ -41,7 +43,7 @@ const Case kCases[] = {
     {"辞書を引く", "⠐⠳⠈⠺⠔⠀⠧⠩"}, {"犬が好き", "⠃⠍⠐⠡⠀⠹⠣"}, {"NHKは", "⠰⠠⠠⠝⠓⠅⠤⠄"},
     // numbers: the number sign, the decimal point and the thousands
     // mark, the joining sign before a kana of the ア and ラ rows
-    {"123", "⠼⠁⠃⠉"}, {"2024年", "⠼⠃⠚⠃⠙⠏⠴"}, {"3.14", "⠼⠉⠂⠁⠙"},
+    {"123", "⠼⠁⠃⠉"}, {"2024年", "⠼⠃⠚⠃⠙⠏⠴"}, {"3月", "⠼⠉⠐⠡⠝"}, {"3.14", "⠼⠉⠂⠁⠙"},
     {"1,000", "⠼⠁⠄⠚⠚⠚"}, {"5円", "⠼⠑⠤⠋⠴"}, {"１０人", "⠼⠁⠚⠇⠴"},
     // Latin letters, capitals, a word of capitals
     {"abc", "⠰⠁⠃⠉"}, {"Tokyo", "⠰⠠⠞⠕⠅⠽⠕"}, {"NHK", "⠰⠠⠠⠝⠓⠅"},
@@ -71,6 +73,7 @@ TEST(SpeechReadingTest, KanjiReadAsSpokenWithParticlesAsSaid) {
   EXPECT_EQ(Utf8(SpeechReading(u"先生を見た")), "センセイヲミタ");
   // A は opening the text is no particle: the head word はな.
   EXPECT_EQ(Utf8(SpeechReading(u"はな")), "ハナ");
+  EXPECT_EQ(Utf8(SpeechReading(u"3月1日")), "3ガツ1ニチ");
   EXPECT_EQ(Utf8(SpeechReading(u"検索結果:はな【花】")), "ケンサクケッカ:ハナ【ハナ】");
   // Marks the dictionary lists as reading themselves are read by name.
   EXPECT_EQ(Utf8(SpeechReading(u"どうじょう【仝】 のま【々】 人々")), "ドージョー【ドー】 ノマ【ノマ】 ヒトビト");
