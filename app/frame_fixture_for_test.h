@@ -1,6 +1,8 @@
 // A reader started by the task manager stand-in on scratch card and home
 // folders, with recording controls and a transcript in memory, for the
-// frame's tests.
+// frame's tests. FrameTest's reader runs the engine on books written to
+// the scratch card; FakeBooksFrameTest's reader asks fake books instead,
+// and nothing is written to the card.
 #ifndef APP_FRAME_FIXTURE_FOR_TEST_H_
 #define APP_FRAME_FIXTURE_FOR_TEST_H_
 
@@ -16,6 +18,8 @@
 #include "taskman/task_manager.h"
 #include "testing/recording_presenter.h"
 #include "platform/device_path.h"
+#include "results/engine_books.h"
+#include "testing/fake_books.h"
 #include "testing/temp_tree.h"
 
 class FrameTest : public ::testing::Test {
@@ -28,7 +32,7 @@ class FrameTest : public ::testing::Test {
     // The work file of a lookup stays private to this process.
     SetDeviceFolder(DeviceFolder::kRuntime, fresh_directory("frame_test_run").string());
     taskManager.AddTranscript(&transcript);
-    app.frame = std::make_unique<CMainFrame>();
+    app.frame = std::make_unique<CMainFrame>(ReaderBooks());
     UseRecordingControls(*app.frame, log);
   }
   void TearDown() override {
@@ -52,6 +56,8 @@ class FrameTest : public ::testing::Test {
     }
   }
   CMainFrame& frame() { return *app.frame; }
+  // The books the reader asks.
+  virtual Books& ReaderBooks() { return engineBooks; }
   std::string Transcript() {
     std::fflush(stream);
     return std::string(buffer, size);
@@ -65,7 +71,15 @@ class FrameTest : public ::testing::Test {
   FILE* stream = open_memstream(&buffer, &size);
   TranscriptWriter transcript{stream};
   CTaskManagerWnd taskManager;
+  EngineBooks engineBooks;
   CReaderApp app{u"epwingdict"};
+};
+
+class FakeBooksFrameTest : public FrameTest {
+ protected:
+  Books& ReaderBooks() override { return books; }
+
+  FakeBooks books;  // the card's dictionaries, in memory
 };
 
 #endif  // APP_FRAME_FIXTURE_FOR_TEST_H_

@@ -3,15 +3,16 @@
 // message loop: keys pressed meanwhile wait in the queue and meet the
 // screen that the lookup left.
 #include "app/main_frame.h"
-#include "results/lookup.h"
-#include "results/run_on_entries.h"
+#include "results/braille_gaiji.h"
 #include "results/typed_lookup.h"
 
-int32_t CMainFrame::LookupWord(DictionaryEntry& entry, const CString& word, CString& foundAs) {
-  if (entry.entryEnds == ENTRY_ENDS_UNKNOWN)
-    entry.entryEnds = LookAtEntryEnds(entry.path, entry.bookNumber);
-  return LookupAsTyped(entry.path, entry.bookNumber, word, entry.entryEnds == ENTRY_ENDS_RUN_ON,
-                       ArticleList, CandidateList, GaijiTable, foundAs);
+int32_t CMainFrame::LookupWord(const DictionaryEntry& entry, const CString& word,
+                               CString& foundAs) {
+  const int32_t result = LookupAsTyped(books, entry.path, entry.bookNumber, word, ArticleList,
+                                       CandidateList, foundAs);
+  // The folder's own Braille gaiji table, read anew: it may have changed.
+  if (result != kLookupNoBook) LoadBrailleGaiji(entry.path, GaijiTable);
+  return result;
 }
 
 void CMainFrame::RunLookup(const CString& word) {

@@ -33,7 +33,7 @@ bool Logged(const CallLog& log, const std::string& call) {
 
 }  // namespace
 
-TEST_F(FrameTest, LookupScreenRingsWrapBothWays) {
+TEST_F(FakeBooksFrameTest, LookupScreenRingsWrapBothWays) {
   Start();
   CMainFrame& f = frame();
   const std::vector<std::vector<int32_t>> rings = {
@@ -61,7 +61,7 @@ TEST_F(FrameTest, LookupScreenRingsWrapBothWays) {
   EXPECT_EQ(RingNeighbour(rings[1], FOCUS_BTN_OPEN, -1, FOCUS_RESULT_LIST), FOCUS_BTN_CLOSE);
 }
 
-TEST_F(FrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTheFolderHasGone) {
+TEST_F(FakeBooksFrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTheFolderHasGone) {
   Start();
   CMainFrame& f = frame();
   f.HandleScreenKey(KEY_ENTER, 0);  // on the dictionary list: nothing, not passed on
@@ -97,7 +97,7 @@ TEST_F(FrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTheFolderHa
   EXPECT_EQ(f.screenFocus[SCREEN_DICTIONARIES], FOCUS_DICT_LIST);
 }
 
-TEST_F(FrameTest, ResultAndArticleScreensOpenLeaveAndRefuse) {
+TEST_F(FakeBooksFrameTest, ResultAndArticleScreensOpenLeaveAndRefuse) {
   Start();
   CMainFrame& f = frame();
   f.DictionaryList.push_back({u"gone", u"\\SD\\gone", 0});
@@ -139,7 +139,7 @@ TEST_F(FrameTest, ResultAndArticleScreensOpenLeaveAndRefuse) {
   EXPECT_EQ(f.focus, FOCUS_BTN_SEARCH);
 }
 
-TEST_F(FrameTest, MenuEntriesFollowTheScreenAndItsChoicesMove) {
+TEST_F(FakeBooksFrameTest, MenuEntriesFollowTheScreenAndItsChoicesMove) {
   frame().menuCtrl = std::make_unique<MenuBuildRecorder>(log);
   Start();
   CMainFrame& f = frame();
@@ -191,4 +191,40 @@ TEST_F(FrameTest, MenuEntriesFollowTheScreenAndItsChoicesMove) {
   EXPECT_TRUE(log.empty());
   Drain();
   EXPECT_TRUE(taskManager.AppEnded());
+}
+
+// A word found in a dictionary of the card: the results screen on its
+// articles and candidates, a candidate looked up anew, an article opened.
+TEST_F(FakeBooksFrameTest, AFoundWordOpensResultsCandidatesAndArticles) {
+  FakeBook book{u"辞書"};
+  book.words[u"いぬ"] = {{{u"いぬ【犬】", u"いぬ【犬】\r\n動物。"}}, {{u"【いぬごや】", u"いぬごや"}}};
+  book.words[u"いぬごや"] = {{{u"いぬごや【犬小屋】", u"いぬごや【犬小屋】\r\n犬の家。"}}, {}};
+  books.SetCatalog(u"\\SD\\epwing\\plus", {book});
+  Start();
+  CMainFrame& f = frame();
+  ASSERT_EQ(f.DictionaryList.size(), 1u);  // found by discovery
+  EXPECT_EQ(f.DictionaryList[0].title, CString(u"辞書"));
+
+  f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
+  f.editCtrl->SetText(u"いぬ", 0);
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_EQ(books.lookups, 1);
+  EXPECT_EQ(f.screen, SCREEN_RESULTS);
+  EXPECT_EQ(f.focus, FOCUS_RESULT_LIST);
+  ASSERT_EQ(f.CandidateList.size(), 1u);
+
+  // The candidate is a new lookup with its key.
+  f.screenFocus[SCREEN_RESULTS] = FOCUS_CANDIDATE_LIST;
+  f.listState[FOCUS_CANDIDATE_LIST].selection = 0;
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_EQ(books.lookups, 2);
+  ASSERT_EQ(f.ArticleList.size(), 1u);
+  EXPECT_EQ(f.ArticleList[0].head, CString(u"いぬごや【犬小屋】"));
+  EXPECT_TRUE(f.CandidateList.empty());
+
+  f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_OPEN;
+  f.HandleScreenKey(KEY_ENTER, 0);
+  EXPECT_EQ(f.screen, SCREEN_ARTICLE);
+  EXPECT_EQ(f.articleText, CString(u"いぬごや【犬小屋】\r\n犬の家。"));
+  EXPECT_EQ(Transcript(), "STARTED\n");  // no beep on the way
 }

@@ -32,7 +32,7 @@ void MakeIfMissing(std::unique_ptr<Control>& control, Args... args) {
 
 }  // namespace
 
-CMainFrame::CMainFrame() = default;
+CMainFrame::CMainFrame(Books& books) : books(books) {}
 
 // The controls and the lists go with their owning members.
 CMainFrame::~CMainFrame() = default;
@@ -47,24 +47,6 @@ bool CMainFrame::ControlsExist() const {
   for (const ButtonRow& row : kButtons)
     if (!(this->*row.field)) return false;
   return true;
-}
-
-DisplayOptions CMainFrame::Options() const {
-  DisplayOptions options;
-  options.gaijiReplace = gaijiReplace;
-  options.gaijiVisible = gaijiVisible;
-  options.syllableVisible = syllableVisible;
-  options.phSignsVisible = phSignsVisible;
-  options.linkVisible = linkVisible;
-  return options;
-}
-
-void CMainFrame::SetOptions(const DisplayOptions& options) {
-  gaijiReplace = options.gaijiReplace;
-  gaijiVisible = options.gaijiVisible;
-  syllableVisible = options.syllableVisible;
-  phSignsVisible = options.phSignsVisible;
-  linkVisible = options.linkVisible;
 }
 
 void CMainFrame::CreateControls() {
@@ -92,16 +74,14 @@ void CMainFrame::AttachControlWindows() {
   promptCtrl->SetTaskWnd(taskWnd);
 }
 
-void CMainFrame::DiscoverBooks() { ::DiscoverBooks(DictionaryList, builtinCount); }
+void CMainFrame::DiscoverBooks() { ::DiscoverBooks(books, DictionaryList, builtinCount); }
 
 void CMainFrame::LoadSettings() {
-  DisplayOptions options = Options();
   ::LoadSettings(SettingsFilePath(), options, DictionaryList);
-  SetOptions(options);
 }
 
 void CMainFrame::SaveSettings() {
-  ::SaveSettings(SettingsFilePath(), Options(), DictionaryList, builtinCount);
+  ::SaveSettings(SettingsFilePath(), options, DictionaryList, builtinCount);
 }
 
 int CMainFrame::OnCreate() {

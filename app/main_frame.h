@@ -16,6 +16,7 @@
 
 #include "app/frame_ids.h"
 #include "app/frame_window.h"
+#include "books/books.h"
 #include "controls/vek_button_ctrl.h"
 #include "controls/vek_edit.h"
 #include "controls/vek_file_dialog.h"
@@ -24,9 +25,9 @@
 #include "controls/vek_prompt_ctrl.h"
 #include "platform/wide_string.h"
 #include "results/gaiji_mapping.h"
-#include "results/result_item.h"
+#include "books/result_item.h"
 #include "store/dictionary_list.h"
-#include "store/display_options.h"
+#include "books/display_options.h"
 
 // The selection a list focus id left behind.
 struct ListState {
@@ -38,7 +39,7 @@ class CMainFrame : public CVekFrameWnd {
  public:
   // No controls yet (a test may put its own in before creation); empty
   // lists; announcements on; the five options at their defaults.
-  CMainFrame();
+  explicit CMainFrame(Books& books);
   ~CMainFrame() override;
 
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -77,11 +78,10 @@ class CMainFrame : public CVekFrameWnd {
   // Looks `word` up in the dictionary `entry` into ArticleList,
   // CandidateList and GaijiTable, as typed: when it finds no article, its
   // forms in turn (results/typed_lookup.h); `foundAs` is the form that found
-  // the articles listed, empty for the word itself. The first lookup in a
-  // dictionary looks at how its entries end (results/run_on_entries.h).
-  // 0, kLookupStopped when the engine was stopped at its limits, or -1
-  // when the folder holds no book any more (app/lookup_run.cc).
-  int32_t LookupWord(DictionaryEntry& entry, const CString& word, CString& foundAs);
+  // the articles listed, empty for the word itself. 0, kLookupStopped when
+  // the run was stopped at its limits, or kLookupNoBook when the folder
+  // holds no book any more (app/lookup_run.cc).
+  int32_t LookupWord(const DictionaryEntry& entry, const CString& word, CString& foundAs);
 
   // The ways into the management and settings screens, for the button and
   // the menu of the lookup screens: each sets the screen up and renders.
@@ -115,9 +115,6 @@ class CMainFrame : public CVekFrameWnd {
 
   // The button of focus id 8 to 16, else null.
   CVekButtonCtrl* ButtonOf(int32_t focusId) const;
-  // The five options as the store and the filters take them.
-  DisplayOptions Options() const;
-  void SetOptions(const DisplayOptions& options);
 
   std::unique_ptr<CVekMenuCtrl> menuCtrl;         // the menu
   std::unique_ptr<CVekFileDialog> fileDialog;     // the folder chooser
@@ -152,11 +149,8 @@ class CMainFrame : public CVekFrameWnd {
   CStringArray BookTitleList;                     // editable title of each BookCandidateList entry
   CString articleText;                            // the article in view
   int32_t builtinCount = 0;                       // leading DictionaryList entries that stay
-  int32_t gaijiReplace = 1;                       // GAIJI_REPLACE
-  int32_t gaijiVisible = 0;                       // GAIJI_VISIBLE
-  int32_t syllableVisible = 0;                    // SYLLABLE_VISIBLE
-  int32_t phSignsVisible = 0;                     // PH_SIGNS_VISIBLE
-  int32_t linkVisible = 0;                        // LINK_VISIBLE
+  DisplayOptions options;                         // the five options of the settings file
+  Books& books;                                   // the dictionaries' books, asked for everything
 
  protected:
   int OnCreate() override;

@@ -72,8 +72,8 @@ TEST_F(FrameTest, CreationRunsItsStepsInOrder) {
   ASSERT_EQ(f.DictionaryList.size(), 2u);
   EXPECT_EQ(f.DictionaryList[1].path, CString(u"\\SD\\other"));
   EXPECT_EQ(f.DictionaryList[1].bookNumber, 3);
-  EXPECT_EQ(f.gaijiVisible, 2);
-  EXPECT_EQ(f.gaijiReplace, 1);
+  EXPECT_EQ(f.options.gaijiVisible, 2);
+  EXPECT_EQ(f.options.gaijiReplace, 1);
   EXPECT_EQ(f.rootPath, CString(u"\\SD\\epwing"));
   EXPECT_EQ(f.routingMode, MODE_SCREEN);
   EXPECT_EQ(f.taskWnd, taskManager.GetSafeHwnd());
@@ -83,7 +83,7 @@ TEST_F(FrameTest, CreationRunsItsStepsInOrder) {
 
 TEST_F(FrameTest, CloseSavesThenTellsTheTaskManagerAndEndsTheLoop) {
   Start();
-  frame().gaijiReplace = 0;
+  frame().options.gaijiReplace = 0;
   PostMessage(frame().GetSafeHwnd(), WM_CLOSE, 0, 0);
   EXPECT_EQ(RunMessageLoop(), 0);
   EXPECT_TRUE(taskManager.AppEnded());
@@ -213,7 +213,7 @@ TEST_F(FrameTest, SettingsAndReadingEventsReachTheirControls) {
                           "edit.OnReadAllEnd(1)", "edit.PositionAtReadStop(12)"}));
 
   // Missing controls are skipped: before creation, or one of them gone.
-  CMainFrame bare;
+  CMainFrame bare(engineBooks);
   bare.WindowProc(WM_VEK_SETTING, 2, 1);
   bare.WindowProc(WM_VEK_SETTING, 35, 1);
   bare.WindowProc(WM_VEK_READ_ALL, 0, 0);

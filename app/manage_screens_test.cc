@@ -1,16 +1,16 @@
-// The management and settings screens on recording controls: what the
-// scripted runs on the demo card can't reach.
+// The management and settings screens on recording controls and fake
+// books: what the scripted runs on the demo card can't reach.
 #include <algorithm>
 #include <deque>
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "app/frame_fixture_for_test.h"
-#include "testing/engine_runner.h"
-#include "tools/book_writer.h"
 
 namespace {
 
-class ManageScreensTest : public FrameTest {
+class ManageScreensTest : public FakeBooksFrameTest {
  protected:
   void Key(uint32_t key) { frame().OnBrailleKeyMessage(key, 0); }
   bool Logged(const std::string& call) {
@@ -28,7 +28,7 @@ class ManageScreensTest : public FrameTest {
       return true;
     });
     taskManager.DeliverKey(KEY_ENTER);
-    capture_engine([&] { RunMessageLoop(); });
+    RunMessageLoop();
     SetMessageSource(nullptr);
   }
   // The register screen on two books of a folder, on the book list.
@@ -47,29 +47,24 @@ class ManageScreensTest : public FrameTest {
 }  // namespace
 
 TEST_F(ManageScreensTest, AddingReadsTheWholeCatalogAndNumbersBooksByTheirLine) {
-  // Ten books of long titles (a listing beyond 512 bytes); the second and
-  // the fourth have no forward index.
-  const char* numbers[] = {"一", "二", "三", "四", "五", "六", "七", "八", "九", "十"};
-  BookTree tree(BookType::kEpwing);
-  for (int i = 0; i < 10; ++i) {
-    Book& book = tree.add_book(std::string("とても長い題名の辞書その") + numbers[i] +
-                                   "番目の巻ですよく読んでください",
-                               "BOOK" + std::to_string(i));
-    if (i != 1 && i != 3) book.text.add_entry({0x91, 2, 1});
-  }
-  tree.write(card / "many");
-  BookTree backward(BookType::kEpwing);
-  backward.add_book("逆引き", "BACK").text.add_entry({0x71, 2, 1});
-  backward.write(card / "backward");
-  std::filesystem::create_directories(card / "empty");
-  capture_engine([&] { Start(); });
+  // Ten books; the second and the fourth have no forward index. The
+  // folders are on the card, the books only in memory.
+  const char16_t* numbers[] = {u"一", u"二", u"三", u"四", u"五", u"六", u"七", u"八", u"九", u"十"};
+  std::vector<FakeBook> many;
+  for (int i = 0; i < 10; ++i)
+    many.push_back({CString(u"辞書その") + numbers[i] + u"番目の巻", i != 1 && i != 3});
+  books.SetCatalog(u"\\SD\\many", many);
+  books.SetCatalog(u"\\SD\\backward", {{u"逆引き", false}});
+  for (const char* folder : {"many", "backward", "empty"})
+    std::filesystem::create_directories(card / folder);
+  Start();
 
   Add(u"\\SD\\many");
   CMainFrame& f = frame();
   ASSERT_EQ(f.BookCandidateList.size(), 8u);
   EXPECT_EQ(f.BookCandidateList[1].bookNumber, 2);
   EXPECT_EQ(f.BookCandidateList[7].bookNumber, 9);
-  EXPECT_EQ(f.BookTitleList[7], CString(u"とても長い題名の辞書その十番目の巻ですよく読んでください"));
+  EXPECT_EQ(f.BookTitleList[7], CString(u"辞書その十番目の巻"));
   EXPECT_EQ(f.BookCandidateList[0].path, CString(u"\\SD\\many"));
   EXPECT_EQ(f.screen, SCREEN_REGISTER);
   EXPECT_EQ(f.focus, FOCUS_BOOK_LIST);
@@ -90,7 +85,7 @@ TEST_F(ManageScreensTest, AddingReadsTheWholeCatalogAndNumbersBooksByTheirLine) 
 }
 
 TEST_F(ManageScreensTest, AnEditedNameStaysWithItsBookAndBackLeavesTheFieldFirst) {
-  capture_engine([&] { Start(); });
+  Start();
   OnTwoBooks();
   CMainFrame& f = frame();
   Key(KEY_ENTER);  // the name of the first book
@@ -119,7 +114,7 @@ TEST_F(ManageScreensTest, AnEditedNameStaysWithItsBookAndBackLeavesTheFieldFirst
 }
 
 TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameFrom) {
-  capture_engine([&] { Start(); });
+  Start();
   CMainFrame& f = frame();
   f.screen = SCREEN_ARTICLE;
   f.screenFocus[SCREEN_ARTICLE] = FOCUS_BTN_CLOSE;
@@ -129,7 +124,7 @@ TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameF
   EXPECT_EQ(f.focus, FOCUS_OPT_GAIJI_REPLACE);
   Key(KEY_OPTION_VALUE);  // the copy steps, the field doesn't
   EXPECT_EQ(f.listState[FOCUS_OPT_GAIJI_REPLACE].selection, 0);
-  EXPECT_EQ(f.gaijiReplace, 1);
+  EXPECT_EQ(f.options.gaijiReplace, 1);
   Key(KEY_OPTION_DOWN);
   Key(KEY_OPTION_DOWN);
   Key(KEY_OPTION_VALUE);  // syllables on
@@ -143,8 +138,8 @@ TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameF
   Key(KEY_OPTION_UP);
   EXPECT_TRUE(Logged("edit.SetText(置換しない,0)"));  // the stepped value is still shown
   Key(KEY_ENTER);  // an option applies all four
-  EXPECT_EQ(f.gaijiReplace, 0);
-  EXPECT_EQ(f.syllableVisible, 1);
+  EXPECT_EQ(f.options.gaijiReplace, 0);
+  EXPECT_EQ(f.options.syllableVisible, 1);
   EXPECT_EQ(f.screen, SCREEN_ARTICLE);
   EXPECT_EQ(f.focus, FOCUS_BTN_CLOSE);
   EXPECT_TRUE(Logged("edit.PlayTts(設定しました)"));
@@ -155,7 +150,7 @@ TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameF
   Key(KEY_OPTION_VALUE);
   log.clear();
   Key(KEY_BACK);
-  EXPECT_EQ(f.gaijiReplace, 0);
+  EXPECT_EQ(f.options.gaijiReplace, 0);
   EXPECT_EQ(f.screen, SCREEN_SEARCH);
   EXPECT_FALSE(std::any_of(log.begin(), log.end(),
                            [](const std::string& call) { return call.rfind("edit.PlayTts", 0) == 0; }));

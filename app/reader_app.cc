@@ -1,6 +1,7 @@
 #include "app/reader_app.h"
 
 #include "app/main_frame.h"
+#include "results/engine_books.h"
 
 namespace {
 CVekWinApp* theApp = nullptr;  // the one application object
@@ -37,7 +38,10 @@ CReaderApp::~CReaderApp() {
 }
 
 bool CReaderApp::InitInstance() {
-  if (!frame) frame = std::make_unique<CMainFrame>();
+  if (!frame) {
+    books = std::make_unique<EngineBooks>();
+    frame = std::make_unique<CMainFrame>(*books);
+  }
   mainWnd = frame.get();
   if (!frame->CreateWindowObject()) {
     mainWnd = nullptr;

@@ -10,6 +10,7 @@
 #include "platform/wide_string.h"
 #include "platform/window.h"
 
+class Books;
 class CMainFrame;
 
 class CVekWinApp {
@@ -44,10 +45,12 @@ class CReaderApp : public CVekWinApp {
  public:
   explicit CReaderApp(CString appName = u"epwingdict");
   ~CReaderApp() override;
-  // Makes the frame (unless one was put in `frame` beforehand) the main
-  // window and creates it; false when the creation fails.
+  // Makes the frame over the real books (unless a frame was put in `frame`
+  // beforehand) the main window and creates it; false when the creation
+  // fails.
   bool InitInstance() override;
 
+  std::unique_ptr<Books> books;       // the real books, when the application made the frame
   std::unique_ptr<CMainFrame> frame;  // the main frame, freed with the application
 };
 

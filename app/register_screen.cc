@@ -3,9 +3,9 @@
 // skipped while there is none), edits its name (FOCUS_EDIT_NAME) and
 // registers it or cancels. BookCandidateList keeps each book as the catalog
 // gave it; BookTitleList, at the same index, the name the user edits.
-#include "app/catalog_books.h"
 #include "app/focus_ring.h"
 #include "app/main_frame.h"
+#include "store/book_discovery.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ void CMainFrame::AddDictionary() {
   BookCandidateList.clear();
   BookTitleList.clear();
   const CString folder = ChooseFolder();
-  if (!folder.IsEmpty() && ReadCatalogBooks(folder, BookCandidateList, BookTitleList)) {
+  if (!folder.IsEmpty() && ReadCatalogBooks(books, folder, BookCandidateList, BookTitleList)) {
     if (BookCandidateList.empty()) {
       Announce(u"ブックが取得出来ませんでした", -1, -1, 1);
     } else {

@@ -45,7 +45,7 @@ void CMainFrame::RenderFocus() {
       break;
     }
     case FOCUS_EDIT_ARTICLE:
-      ShowArticleField(u"検索結果:", FilterDisplayText(articleText, Options(), GaijiTable));
+      ShowArticleField(u"検索結果:", FilterDisplayText(articleText, options, GaijiTable));
       break;
     default:
       if (CVekButtonCtrl* button = ButtonOf(focus)) button->DisplayItem(1);
@@ -96,14 +96,14 @@ void CMainFrame::ShowBookList() {
 void CMainFrame::ShowResultList() {
   CStringArray heads;
   for (const ResultItem& item : ArticleList)
-    heads.push_back(FilterDisplayText(item.head, Options(), GaijiTable));
+    heads.push_back(FilterDisplayText(item.head, options, GaijiTable));
   ShowContentList(u"検索結果:", heads, FOCUS_RESULT_LIST);
 }
 
 void CMainFrame::ShowCandidateList() {
   CStringArray heads;
   for (const ResultItem& item : CandidateList)
-    heads.push_back(FilterDisplayText(item.head, Options(), GaijiTable));
+    heads.push_back(FilterDisplayText(item.head, options, GaijiTable));
   ShowContentList(u"前方一致検索候補:", heads, FOCUS_CANDIDATE_LIST);
 }
 

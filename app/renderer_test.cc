@@ -31,7 +31,7 @@ TEST_F(FrameTest, ContentListsPassHeadLinesThroughTheFilters) {
   // An option change shows at the next render; an empty list keeps its
   // stale index, unchecked.
   log.clear();
-  f.linkVisible = 1;
+  f.options.linkVisible = 1;
   f.RenderFocus();
   EXPECT_EQ(log[3], "list.AddString(語<→見出し|1234>)");
   log.clear();

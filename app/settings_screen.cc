@@ -17,10 +17,10 @@ void CMainFrame::OpenSettingsScreen() {
   returnScreen = screen;
   focus = FOCUS_OPT_GAIJI_REPLACE;
   screenFocus[SCREEN_SETTINGS] = FOCUS_OPT_GAIJI_REPLACE;
-  listState[FOCUS_OPT_GAIJI_REPLACE].selection = gaijiReplace;
-  listState[FOCUS_OPT_GAIJI_VISIBLE].selection = gaijiVisible;
-  listState[FOCUS_OPT_SYLLABLE].selection = syllableVisible;
-  listState[FOCUS_OPT_PHONETIC].selection = phSignsVisible;
+  listState[FOCUS_OPT_GAIJI_REPLACE].selection = options.gaijiReplace;
+  listState[FOCUS_OPT_GAIJI_VISIBLE].selection = options.gaijiVisible;
+  listState[FOCUS_OPT_SYLLABLE].selection = options.syllableVisible;
+  listState[FOCUS_OPT_PHONETIC].selection = options.phSignsVisible;
   screen = SCREEN_SETTINGS;
   RenderFocus();
 }
@@ -45,10 +45,10 @@ void CMainFrame::StepOptionValue() {
 
 void CMainFrame::ApplySettings() {
   SaveFocusState();
-  gaijiReplace = listState[FOCUS_OPT_GAIJI_REPLACE].selection;
-  gaijiVisible = listState[FOCUS_OPT_GAIJI_VISIBLE].selection;
-  syllableVisible = listState[FOCUS_OPT_SYLLABLE].selection;
-  phSignsVisible = listState[FOCUS_OPT_PHONETIC].selection;
+  options.gaijiReplace = listState[FOCUS_OPT_GAIJI_REPLACE].selection;
+  options.gaijiVisible = listState[FOCUS_OPT_GAIJI_VISIBLE].selection;
+  options.syllableVisible = listState[FOCUS_OPT_SYLLABLE].selection;
+  options.phSignsVisible = listState[FOCUS_OPT_PHONETIC].selection;
   LeaveSettingsScreen();
   Announce(u"設定しました", -1, -1, 1);
   RenderFocus();

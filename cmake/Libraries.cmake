@@ -5,10 +5,13 @@
 subsystem_library(booktools FOLDERS tools DEPENDS bookengine)
 # Test fixtures: the engine run with captured streams, scratch folders.
 # and a presenter that records what the controls present.
-subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine controls terminal)
+subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine controls terminal books)
 subsystem_library(platform FOLDERS platform)
-subsystem_library(store FOLDERS store DEPENDS platform bookengine)
-subsystem_library(results FOLDERS results DEPENDS platform bookengine)
+# What the application asks of books, below the store and the results.
+subsystem_library(books FOLDERS books DEPENDS platform)
+subsystem_library(store FOLDERS store DEPENDS books platform)
+# The real books over the engine: the one way into it from the application.
+subsystem_library(results FOLDERS results DEPENDS books platform bookengine)
 subsystem_library(controls FOLDERS controls DEPENDS platform)
 subsystem_library(app FOLDERS app DEPENDS controls results store platform)
 # Japanese readings through MeCab, and kana Braille cells.

@@ -8,7 +8,7 @@
 
 #include "platform/wide_string.h"
 #include "results/gaiji_mapping.h"
-#include "store/display_options.h"
+#include "books/display_options.h"
 
 // The shown form of `text`. In this order: links stripped unless
 // linkVisible; phonetic signs stripped unless phSignsVisible; syllable

@@ -9,7 +9,7 @@
 #include "platform/device_path.h"
 #include "platform/file_calls.h"
 #include "results/bounded_run.h"
-#include "results/lookup.h"
+#include "results/engine_books.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/device_path.h"
-#include "results/lookup.h"
+#include "results/engine_books.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
 #include "testing/word_book.h"
@@ -95,12 +95,10 @@ class RunOnBooksTest : public testing::Test {
     capture_engine([&] { ends = LookAtEntryEnds(path, 0); });
     return ends;
   }
-  std::vector<CString> Bodies(const char16_t* path, bool endAtHeads) {
+  std::vector<CString> Bodies(const char16_t* path) {
     ResultItemArray articles, candidates;
-    GaijiMappingArray gaiji;
-    capture_engine([&] {
-      LookupWord(path, 0, u"い", articles, candidates, gaiji, kLookupLimits, endAtHeads);
-    });
+    EngineBooks books;
+    capture_engine([&] { books.Lookup(path, 0, u"い", articles, candidates); });
     std::vector<CString> bodies;
     for (const ResultItem& article : articles) bodies.push_back(article.body);
     return bodies;
@@ -115,11 +113,10 @@ TEST_F(RunOnBooksTest, TheBookTellsHowItsArticlesEnd) {
   EXPECT_EQ(Look(u"\\SD\\ends"), ENTRY_ENDS_BY_CODE);
   EXPECT_EQ(Look(u"\\SD\\gone"), ENTRY_ENDS_UNKNOWN);
 
-  // Run on: the article of い goes on to う unless the engine ends it at
-  // the next head; the engine's output without the option is unchanged.
-  EXPECT_EQ(Bodies(u"\\SD\\runon", false), std::vector<CString>({u"い\r\n本文\r\nう\r\n本文"}));
-  EXPECT_EQ(Bodies(u"\\SD\\runon", true), std::vector<CString>({u"い\r\n本文"}));
-  EXPECT_EQ(Bodies(u"\\SD\\ends", false), std::vector<CString>({u"い\r\n本文\r\n続き"}));
+  // Run on: a lookup has the engine end the article of い at the next
+  // head, before う; a book whose entries end keeps its articles whole.
+  EXPECT_EQ(Bodies(u"\\SD\\runon"), std::vector<CString>({u"い\r\n本文"}));
+  EXPECT_EQ(Bodies(u"\\SD\\ends"), std::vector<CString>({u"い\r\n本文\r\n続き"}));
 }
 
 }  // namespace

@@ -2,20 +2,16 @@
 
 #include <utility>
 
-#include "results/lookup.h"
 #include "results/typed_word_forms.h"
 
-int32_t LookupAsTyped(const CString& path, int32_t bookNumber, const CString& word, bool endAtHeads,
-                      ResultItemArray& articles, ResultItemArray& candidates,
-                      GaijiMappingArray& gaiji, CString& foundAs) {
+int32_t LookupAsTyped(Books& books, const CString& path, int32_t bookNumber, const CString& word,
+                      ResultItemArray& articles, ResultItemArray& candidates, CString& foundAs) {
   foundAs.Empty();
-  const int32_t result =
-      LookupWord(path, bookNumber, word, articles, candidates, gaiji, kLookupLimits, endAtHeads);
+  const int32_t result = books.Lookup(path, bookNumber, word, articles, candidates);
   if (result != 0 || !articles.empty()) return result;
   for (const CString& form : TypedWordForms(word)) {
     ResultItemArray formArticles, formCandidates;
-    const int32_t formResult = LookupWord(path, bookNumber, form, formArticles, formCandidates,
-                                          gaiji, kLookupLimits, endAtHeads);
+    const int32_t formResult = books.Lookup(path, bookNumber, form, formArticles, formCandidates);
     // A folder gone between two lookups ends the tries; the word's own
     // results stay.
     if (formResult < 0) break;

@@ -9,11 +9,10 @@
 
 #include <cstdint>
 
+#include "books/books.h"
 #include "platform/wide_string.h"
-#include "results/gaiji_mapping.h"
-#include "results/result_item.h"
 
-// LookupWord of `word`, then of its forms while no article is found; the
+// books.Lookup of `word`, then of its forms while no article is found; the
 // result of the lookup whose lists are kept (kLookupStopped for a run
 // stopped at its limits; when the word's own run stopped, nothing more is
 // tried). `foundAs` is the form
@@ -21,8 +20,7 @@
 // found articles, or no form did (then the lists hold what the word
 // itself found, candidates included). -1, with nothing tried after it,
 // when the folder holds no catalog.
-int32_t LookupAsTyped(const CString& path, int32_t bookNumber, const CString& word, bool endAtHeads,
-                      ResultItemArray& articles, ResultItemArray& candidates,
-                      GaijiMappingArray& gaiji, CString& foundAs);
+int32_t LookupAsTyped(Books& books, const CString& path, int32_t bookNumber, const CString& word,
+                      ResultItemArray& articles, ResultItemArray& candidates, CString& foundAs);
 
 #endif  // RESULTS_TYPED_LOOKUP_H_

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "platform/wide_string.h"
-#include "results/result_item.h"
+#include "books/result_item.h"
 
 // The text an article keeps at most, in characters; what it had beyond
 // is replaced by the line kArticleCutMark.

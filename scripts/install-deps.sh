@@ -4,9 +4,10 @@
 set -e
 missing=""
 # man-db and groff-base: the install test renders the man pages with man -l.
+# python3: the layering test (scripts/folder_graph.py).
 # MeCab and its dictionary give texts their readings; espeak-ng speaks them.
 # freepwing (fpwmake) makes the tests' books of another writer.
-for pkg in cmake g++ make libgtest-dev man-db groff-base libmecab-dev mecab-ipadic-utf8 \
+for pkg in cmake g++ make libgtest-dev man-db groff-base python3 libmecab-dev mecab-ipadic-utf8 \
     espeak-ng freepwing "$@"; do
   dpkg -s "$pkg" >/dev/null 2>&1 || missing="$missing $pkg"
 done

@@ -2,28 +2,23 @@
 
 #include <vector>
 
-#include "platform/device_path.h"
-
 namespace {
 
 // The two folders, in the order of the list.
 constexpr const char16_t* kBuiltinFolders[] = {u"\\SD\\epwing\\plus", u"\\SD\\epwing\\wadai"};
 
-constexpr size_t kFirstBufferSize = 512;
-
 }  // namespace
 
-void DiscoverBooks(DictionaryEntryArray& list, int32_t& builtinCount, CatalogCall catalog) {
+void DiscoverBooks(Books& books, DictionaryEntryArray& list, int32_t& builtinCount) {
   builtinCount = 0;
-  std::vector<char> buffer(kFirstBufferSize, '\0');
+  std::vector<CString> catalog;
   for (const char16_t* folder : kBuiltinFolders) {
-    const std::string_view text = ReadCatalogText(HostPath(folder), buffer, catalog);
-    if (text.empty()) continue;
+    const CString path(folder);
+    if (!books.CatalogTitles(path, catalog)) continue;
     // The non-empty titles joined by "/", or the folder's name.
     CString titles;
-    for (const CString& title : CatalogTitles(text))
+    for (const CString& title : catalog)
       if (!title.IsEmpty()) titles += u"/" + title;
-    CString path(folder);
     DictionaryEntry entry;
     entry.title = titles.IsEmpty() ? path.Mid(path.ReverseFind(u'\\') + 1) : titles.Mid(1);
     entry.path = path;
@@ -31,4 +26,21 @@ void DiscoverBooks(DictionaryEntryArray& list, int32_t& builtinCount, CatalogCal
     AppendDictionary(list, entry);
     ++builtinCount;
   }
+}
+
+bool ReadCatalogBooks(Books& books, const CString& folder, DictionaryEntryArray& entries,
+                      CStringArray& titles) {
+  std::vector<CString> catalog;
+  if (!books.CatalogTitles(folder, catalog)) return false;
+  for (int32_t book = 0; book < static_cast<int32_t>(catalog.size()); ++book) {
+    const CString& title = catalog[static_cast<size_t>(book)];
+    if (title.IsEmpty() || !books.HasForwardIndex(folder, book)) continue;
+    DictionaryEntry entry;
+    entry.title = title;
+    entry.path = folder;
+    entry.bookNumber = book;
+    entries.push_back(entry);
+    titles.push_back(title);
+  }
+  return true;
 }

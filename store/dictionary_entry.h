@@ -11,8 +11,6 @@ struct DictionaryEntry {
   CString title;           // the name shown and spoken: the catalog's, else the folder's
   CString path;            // the book folder, the engine's -D value
   int32_t bookNumber = 0;  // the book's index in the folder's catalog from 0, the -B value
-  int32_t entryEnds = -1;  // how the book's entries end (results/run_on_entries.h), -1 until the
-                           // first lookup looks; never saved, every run looks again
 };
 
 #endif  // STORE_DICTIONARY_ENTRY_H_

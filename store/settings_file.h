@@ -39,7 +39,7 @@
 
 #include "platform/wide_string.h"
 #include "store/dictionary_list.h"
-#include "store/display_options.h"
+#include "books/display_options.h"
 #include "store/ini_store.h"
 
 // A load takes at most this many registered dictionaries, so that a

@@ -2,8 +2,8 @@
 // title of each book in catalog order, in the system multibyte code page,
 // each followed by a line feed. Discovery joins its titles into one
 // dictionary's name; adding a dictionary makes one book of each line.
-#ifndef STORE_CATALOG_TEXT_H_
-#define STORE_CATALOG_TEXT_H_
+#ifndef RESULTS_CATALOG_TEXT_H_
+#define RESULTS_CATALOG_TEXT_H_
 
 #include <cstdint>
 #include <string>
@@ -32,4 +32,4 @@ std::string_view ReadCatalogText(const std::string& drive, std::vector<char>& bu
 // with no line feed behind it is no line.
 std::vector<CString> CatalogTitles(std::string_view text);
 
-#endif  // STORE_CATALOG_TEXT_H_
+#endif  // RESULTS_CATALOG_TEXT_H_

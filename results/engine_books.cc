@@ -1,4 +1,4 @@
-#include "results/lookup.h"
+#include "results/engine_books.h"
 
 #include <cstdio>
 #include <string>
@@ -8,7 +8,7 @@
 #include "platform/code_page.h"
 #include "platform/device_path.h"
 #include "platform/file_calls.h"
-#include "results/braille_gaiji.h"
+#include "results/run_on_entries.h"
 #include "results/work_file_parser.h"
 
 const char16_t kWorkFileName[] = u"\\windows\\epwingwork.dat";
@@ -70,16 +70,38 @@ std::string ReadAll(FILE* file) {
   }
 }
 
+// The catalog buffer's first size.
+constexpr size_t kFirstCatalogSize = 512;
+
 }  // namespace
 
-int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
-                   ResultItemArray& articles, ResultItemArray& candidates,
-                   GaijiMappingArray& gaiji, const RunLimits& limits, bool endAtHeads) {
+EngineBooks::EngineBooks(const RunLimits& limits, CatalogCall catalog)
+    : limits_(limits),
+      catalog_(catalog != nullptr ? catalog : engine_catalog),
+      catalogText_(kFirstCatalogSize, '\0') {}
+
+bool EngineBooks::CatalogTitles(const CString& folder, std::vector<CString>& titles) {
+  // The engine names files as the host does: it gets host paths.
+  const std::string_view text = ReadCatalogText(HostPath(folder), catalogText_, catalog_);
+  titles = ::CatalogTitles(text);
+  return !text.empty();
+}
+
+bool EngineBooks::HasForwardIndex(const CString& folder, int32_t book) {
+  return engine_has_forward_index(HostPath(folder).c_str(), book) != 0;
+}
+
+int32_t EngineBooks::Lookup(const CString& path, int32_t bookNumber, const CString& word,
+                            ResultItemArray& articles, ResultItemArray& candidates) {
   articles.clear();
   candidates.clear();
-  // The engine names files as the host does: it gets host paths.
   std::string folder = HostPath(path);
-  if (engine_catalog(folder.c_str(), nullptr, 0) <= 1) return -1;
+  if (engine_catalog(folder.c_str(), nullptr, 0) <= 1) return kLookupNoBook;
+  // The first lookup in a book of this run looks at how its entries end;
+  // the look writes the work file, which the lookup deletes right after.
+  const auto looked = entryEnds_.try_emplace({path, bookNumber}, ENTRY_ENDS_UNKNOWN).first;
+  if (looked->second == ENTRY_ENDS_UNKNOWN) looked->second = LookAtEntryEnds(path, bookNumber);
+  const bool endAtHeads = looked->second == ENTRY_ENDS_RUN_ON;
   std::vector<char> key = ToMultiByte(word);
   MakeSearchArgument(key);
   DeleteFileW(kWorkFileName);  // the engine appends: only this run's text may be there
@@ -91,9 +113,8 @@ int32_t LookupWord(const CString& path, int32_t bookNumber, const CString& word,
         engine_output_option(folder.c_str(), bookNumber, workFile.c_str(),
                              endAtHeads ? "-S0x20" : nullptr, key.data());
       },
-      limits);
+      limits_);
   const bool stopped = end != RunEnd::kFinished;
-  LoadBrailleGaiji(path, gaiji);
   FILE* file = OpenDeviceFile(kWorkFileName, "r");
   if (file == nullptr) return stopped ? kLookupStopped : 0;
   std::string bytes = ReadAll(file);

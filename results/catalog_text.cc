@@ -1,4 +1,4 @@
-#include "store/catalog_text.h"
+#include "results/catalog_text.h"
 
 #include <cstring>
 

@@ -1,6 +1,6 @@
 // One article or one forward-match candidate of the latest lookup.
-#ifndef RESULTS_RESULT_ITEM_H_
-#define RESULTS_RESULT_ITEM_H_
+#ifndef BOOKS_RESULT_ITEM_H_
+#define BOOKS_RESULT_ITEM_H_
 
 #include <vector>
 
@@ -14,4 +14,4 @@ struct ResultItem {
 // ArticleList and CandidateList are arrays of this record, in file order.
 using ResultItemArray = std::vector<ResultItem>;
 
-#endif  // RESULTS_RESULT_ITEM_H_
+#endif  // BOOKS_RESULT_ITEM_H_

@@ -1,4 +1,4 @@
-#include "results/lookup.h"
+#include "results/engine_books.h"
 
 #include <gtest/gtest.h>
 
@@ -50,19 +50,18 @@ class LookupTest : public testing::Test {
 
   int32_t Lookup(const char16_t* path, const CString& word) {
     int32_t result = 0;
-    capture_engine([&] { result = LookupWord(path, 0, word, articles_, candidates_, gaiji_); });
+    capture_engine([&] { result = books_.Lookup(path, 0, word, articles_, candidates_); });
     return result;
   }
 
   const std::filesystem::path card_ = fresh_directory("lookup_card");
   const std::filesystem::path runtime_ = fresh_directory("lookup_runtime");
+  EngineBooks books_;
   ResultItemArray articles_;
   ResultItemArray candidates_;
-  GaijiMappingArray gaiji_;
 };
 
-TEST_F(LookupTest, HitCandidatesGaijiTableAndMissingFolder) {
-  std::ofstream(card_ / "dict" / "BrailleGaiji.txt") << "A121=x\n";
+TEST_F(LookupTest, HitCandidatesAndMissingFolder) {
   std::ofstream(runtime_ / "epwingwork.dat") << "old\n";  // deleted before the engine appends
   ASSERT_EQ(Lookup(u"\\SD\\dict", u"山"), 0);
   ASSERT_EQ(articles_.size(), 1u);
@@ -70,7 +69,6 @@ TEST_F(LookupTest, HitCandidatesGaijiTableAndMissingFolder) {
   ASSERT_EQ(candidates_.size(), 3u);
   EXPECT_EQ(candidates_[0].body, CString(u"山川"));
   EXPECT_EQ(candidates_[2].body, CString(u"日"));
-  ASSERT_EQ(gaiji_.size(), 1u);
 
   // Choosing a candidate is a new lookup with its key, on new lists.
   ASSERT_EQ(Lookup(u"\\SD\\dict", candidates_[0].body), 0);
@@ -78,11 +76,10 @@ TEST_F(LookupTest, HitCandidatesGaijiTableAndMissingFolder) {
   EXPECT_EQ(articles_[0].head, CString(u"山川"));
   EXPECT_EQ(candidates_.size(), 2u);
 
-  // A folder that has gone: the lists are emptied, the gaiji table is kept.
-  EXPECT_EQ(Lookup(u"\\SD\\gone", u"山"), -1);
+  // A folder that has gone: the lists are emptied.
+  EXPECT_EQ(Lookup(u"\\SD\\gone", u"山"), kLookupNoBook);
   EXPECT_TRUE(articles_.empty());
   EXPECT_TRUE(candidates_.empty());
-  EXPECT_EQ(gaiji_.size(), 1u);
 }
 
 // A word that the engine would take for an option, its prompt loop or a
@@ -95,7 +92,7 @@ TEST_F(LookupTest, AWordIsNeverAnOptionNorAPosition) {
   // Standard input holds what the prompt loop would run.
   EngineCapture capture("-O" + z + "\n-C\n");
   for (const std::string& word : {"-O" + x, "/O" + y, std::string("--"), std::string("-V")}) {
-    EXPECT_EQ(LookupWord(u"\\SD\\dict", 0, CString(word.c_str()), articles_, candidates_, gaiji_), 0);
+    EXPECT_EQ(books_.Lookup(u"\\SD\\dict", 0, CString(word.c_str()), articles_, candidates_), 0);
     EXPECT_TRUE(articles_.empty()) << word;
   }
   const EngineRun run = capture.finish();
@@ -126,11 +123,9 @@ TEST_F(LookupTest, AnEndlessArticleIsCutAtTheLimit) {
   book.text.add_area(0x91, index_tree({{0, utf8_to_jis("あ"), text, text, 0}}, book.text.next_page()));
   tree.write(card_ / "endless");
 
-  const RunLimits limits = {4000, 256 * 1024};
+  EngineBooks books({4000, 256 * 1024});
   int32_t result = 0;
-  capture_engine([&] {
-    result = LookupWord(u"\\SD\\endless", 0, u"あ", articles_, candidates_, gaiji_, limits);
-  });
+  capture_engine([&] { result = books.Lookup(u"\\SD\\endless", 0, u"あ", articles_, candidates_); });
   EXPECT_EQ(result, kLookupStopped);
   EXPECT_EQ(std::filesystem::file_size(runtime_ / "epwingwork.dat"), 256u * 1024);
   ASSERT_EQ(articles_.size(), 1u);

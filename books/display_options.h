@@ -1,8 +1,8 @@
 // The five display options that the settings file keeps and the display
 // filters obey. Each is an integer: 0 is off, anything else on, and the
 // value is written back as it was read (a 2 stays a 2).
-#ifndef STORE_DISPLAY_OPTIONS_H_
-#define STORE_DISPLAY_OPTIONS_H_
+#ifndef BOOKS_DISPLAY_OPTIONS_H_
+#define BOOKS_DISPLAY_OPTIONS_H_
 
 #include <cstdint>
 
@@ -14,4 +14,4 @@ struct DisplayOptions {
   int32_t linkVisible = 0;      // show link wrappers; set in the settings file alone
 };
 
-#endif  // STORE_DISPLAY_OPTIONS_H_
+#endif  // BOOKS_DISPLAY_OPTIONS_H_
