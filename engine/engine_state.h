@@ -106,6 +106,31 @@ struct BookReader {
   BookBlock* block; // the block read last, tried first
 };
 
+// Directories whose listing a kept path rests on, and paths kept at once.
+constexpr int kScannedMax = 4;
+constexpr int kFoundPathSlots = 4;
+
+// What stat says of a directory that can change what it lists: its device,
+// inode and status-change time (which every entry made, renamed or removed
+// in it moves on).
+struct DirectoryStamp {
+  uint64_t device;          // st_dev
+  uint64_t inode;           // st_ino
+  int64_t changed_seconds;  // st_ctim.tv_sec
+  int64_t changed_nanos;    // st_ctim.tv_nsec
+};
+
+// A book file path that open_book_file had to find by listing directories,
+// kept between runs so that the next open of it lists nothing while those
+// directories stand unchanged.
+struct FoundPath {
+  char asked[kPathSize];   // the path asked for; empty when the slot is free
+  char found[kPathSize];   // the path of the file find_file found for it
+  int32_t scanned_count;   // directories listed to find it
+  int32_t scanned_ends[kScannedMax];  // bytes of `found` naming each ("" is the working one)
+  DirectoryStamp scanned_stamps[kScannedMax];  // each as it was when listed
+};
+
 // Where engine_catalog collects the titles of a -C listing.
 struct CaptureBuffer {
   char* buffer;  // caller's buffer, not owned; null when no capture runs
@@ -132,6 +157,8 @@ struct EngineState {
   BookReader reader;            // the position and flags of current_file
   BookBlock blocks[kBlockCount];  // blocks of the open book files, read once each
   uint32_t block_uses;          // uses of blocks so far, for last_use
+  FoundPath found_paths[kFoundPathSlots];  // found book file paths, kept between runs
+  uint32_t found_path_next;     // the slot the next path found takes (in turn)
   FILE* output;                 // where results go
   char output_buffer[8192];     // the buffer of an output file of -O
   CaptureBuffer capture;        // set only around engine_catalog

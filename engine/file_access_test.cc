@@ -1,6 +1,9 @@
 #include "engine/file_access.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
 
 #include "engine/book_end.h"
 #include "engine/find_file.h"
@@ -234,6 +237,38 @@ TEST_F(BookFiles, FindsNamesWhateverTheirCase) {
   EXPECT_EQ(run.out,
             "CD-ROM のドライブを設定してください\n"
             "（環境変数 CDDRIVE、もしくは -D オプション）\nerror 1.\n");
+}
+
+// A path found by listing directories is kept between opens, and dropped
+// as soon as a directory it was listed from changes.
+TEST_F(BookFiles, KeptPathsFollowTheDirectories) {
+  const fs::path root = use_tree("Kept");
+  const auto put = [&](const std::string& name, const char* bytes) {
+    fs::create_directories((root / name).parent_path());
+    std::ofstream(root / name, std::ios::binary) << bytes;
+  };
+  put("DATA;1/honmon", "H");
+  // Directories changed within the last second are not kept.
+  usleep(1100 * 1000);
+  EXPECT_EQ(first_byte("data/honmon"), 'H');
+  const auto kept = [] {
+    int count = 0;
+    for (const FoundPath& path : engine.found_paths) count += strstr(path.asked, "/data/honmon") != nullptr;
+    return count;
+  };
+  EXPECT_EQ(kept(), 1);
+  EXPECT_EQ(first_byte("data/honmon"), 'H');
+
+  put("Data/honmon", "N");  // a better match than the kept one
+  EXPECT_EQ(first_byte("data/honmon"), 'N');
+  fs::remove_all(root / "Data");
+  fs::rename(root / "DATA;1", root / "DATA");
+  EXPECT_EQ(first_byte("data/honmon"), 'H');
+  put("data/honmon", "L");  // the path as asked comes first
+  EXPECT_EQ(first_byte("data/honmon"), 'L');
+  fs::remove_all(root / "data");
+  fs::remove_all(root / "DATA");
+  EXPECT_EQ(first_byte("data/honmon"), -1);
 }
 
 TEST_F(BookFiles, FileDotOnNamesWithoutExtension) {

@@ -1,3 +1,15 @@
+// Finding a book file whatever the case of its stored names.
+//
+// A path found by listing directories is kept (EngineState::found_paths)
+// with the device, inode and status-change time of each directory listed.
+// The next open of the same path, in this run or a later one, stats those
+// directories instead of walking and listing again: while they stand
+// unchanged they list the same entries, so a walk would choose the same
+// names, and the path as asked is still tried first. Any entry made,
+// renamed or removed in one of them moves its change time (a directory
+// put in its place has another inode), and the kept path is dropped. A
+// directory changed within the last second is not kept, for a change in
+// the same tick of the file system's clock may leave its time as it was.
 #include "engine/find_file.h"
 
 #include <dirent.h>
@@ -6,6 +18,7 @@
 #include <cctype>
 #include <climits>
 #include <cstring>
+#include <ctime>
 
 #include "engine/engine_state.h"
 
@@ -38,13 +51,49 @@ Match match(const char* wanted, size_t wanted_length, const char* entry) {
   return same_ignoring_case(entry, wanted, wanted_bare) ? kSuffixToo : kNone;
 }
 
+// A directory changed this recently may change again within the same tick
+// of the file system's clock and keep its time: its listing is not kept.
+constexpr int64_t kSettledNanos = 1000000000;
+
+DirectoryStamp stamp_of(const struct stat& status) {
+  return {static_cast<uint64_t>(status.st_dev), static_cast<uint64_t>(status.st_ino),
+          static_cast<int64_t>(status.st_ctim.tv_sec), static_cast<int64_t>(status.st_ctim.tv_nsec)};
+}
+
+bool same_stamp(const DirectoryStamp& a, const DirectoryStamp& b) {
+  return a.device == b.device && a.inode == b.inode && a.changed_seconds == b.changed_seconds &&
+         a.changed_nanos == b.changed_nanos;
+}
+
+// Notes in `record` that the directory named by the first `end` bytes of
+// record->found was listed as `status` shows it; a record that cannot be
+// trusted gets scanned_count -1.
+void note_scan(FoundPath* record, int32_t end, const struct stat& status) {
+  if (!record || record->scanned_count < 0) return;
+  timespec now;
+  clock_gettime(CLOCK_REALTIME, &now);
+  const int64_t age_nanos = (now.tv_sec - status.st_ctim.tv_sec) * 1000000000LL +
+                           (now.tv_nsec - status.st_ctim.tv_nsec);
+  if (record->scanned_count == kScannedMax || age_nanos < kSettledNanos) {
+    record->scanned_count = -1;
+    return;
+  }
+  record->scanned_ends[record->scanned_count] = end;
+  record->scanned_stamps[record->scanned_count++] = stamp_of(status);
+}
+
 // Looks up one component in `directory` (empty for the working directory)
 // and writes the best entry's name to `best` (NAME_MAX + 1 bytes). Among
 // equally good entries the first in byte order wins, whatever order the
-// directory lists them in.
-bool find_entry(const char* directory, const char* wanted, size_t wanted_length, char* best) {
+// directory lists them in. The directory is noted in `record` (when not
+// null) as it stood before it was listed.
+bool find_entry(const char* directory, const char* wanted, size_t wanted_length, char* best,
+                FoundPath* record) {
   DIR* dir = opendir(directory[0] ? directory : ".");
   if (!dir) return false;
+  struct stat status;
+  if (fstat(dirfd(dir), &status) == 0) note_scan(record, static_cast<int32_t>(strlen(directory)), status);
+  else if (record) record->scanned_count = -1;
   Match best_match = kNone;
   while (const dirent* entry = readdir(dir)) {
     const Match m = match(wanted, wanted_length, entry->d_name);
@@ -73,9 +122,9 @@ FILE* open_regular(const char* path) {
   return file;
 }
 
-}  // namespace
-
-bool find_file(const char* path, char* found) {
+// find_file's walk; each directory it lists is noted in `record` when that
+// is not null (record->found is `found`).
+bool find_path(const char* path, char* found, FoundPath* record) {
   size_t used = 0;
   found[0] = '\0';
   if (*path == '/') found[used++] = '/';
@@ -88,7 +137,7 @@ bool find_file(const char* path, char* found) {
     if (!exists(found)) {
       found[used] = '\0';
       char entry[NAME_MAX + 1];
-      if (!find_entry(found, path, length, entry)) return false;
+      if (!find_entry(found, path, length, entry, record)) return false;
       const size_t entry_length = strlen(entry);
       if (used + entry_length + 2 > kPathSize) return false;
       memcpy(found + used, entry, entry_length + 1);
@@ -104,9 +153,54 @@ bool find_file(const char* path, char* found) {
   return used > 0;
 }
 
+// The kept path found for `path` while every directory listed to find it
+// stands as it was then; a kept path that no longer holds is dropped.
+// Then a new walk would list the same entries and choose the same names.
+FoundPath* kept_path(const char* path) {
+  for (FoundPath& kept : engine.found_paths) {
+    if (kept.asked[0] == '\0' || strcmp(kept.asked, path) != 0) continue;
+    for (int32_t i = 0; i < kept.scanned_count; ++i) {
+      char directory[kPathSize];
+      memcpy(directory, kept.found, kept.scanned_ends[i]);
+      directory[kept.scanned_ends[i]] = '\0';
+      struct stat status;
+      if (stat(directory[0] ? directory : ".", &status) != 0 ||
+          !same_stamp(stamp_of(status), kept.scanned_stamps[i])) {
+        kept.asked[0] = '\0';
+        return nullptr;
+      }
+    }
+    return &kept;
+  }
+  return nullptr;
+}
+
+// Keeps `record` for `path`, in its own slot or the next in turn.
+void keep_path(const char* path, const FoundPath& record) {
+  FoundPath* slot = nullptr;
+  for (FoundPath& kept : engine.found_paths) {
+    if (strcmp(kept.asked, path) == 0) slot = &kept;
+  }
+  if (!slot) slot = &engine.found_paths[engine.found_path_next++ % kFoundPathSlots];
+  *slot = record;
+  strcpy(slot->asked, path);
+}
+
+}  // namespace
+
+bool find_file(const char* path, char* found) { return find_path(path, found, nullptr); }
+
 FILE* open_book_file(const char* path) {
   if (FILE* file = open_regular(path)) return file;
-  char found[kPathSize];
-  if (!find_file(path, found)) return nullptr;
-  return open_regular(found);
+  if (strlen(path) >= kPathSize) return nullptr;
+  if (FoundPath* kept = kept_path(path)) {
+    if (FILE* file = open_regular(kept->found)) return file;
+    kept->asked[0] = '\0';
+  }
+  FoundPath record;
+  record.scanned_count = 0;
+  if (!find_path(path, record.found, &record)) return nullptr;
+  FILE* file = open_regular(record.found);
+  if (file && record.scanned_count > 0) keep_path(path, record);
+  return file;
 }

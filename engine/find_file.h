@@ -17,7 +17,9 @@
 bool find_file(const char* path, char* found);
 
 // Opens the regular file at `path` ("rb"), or at what find_file gives for
-// it; null when there is none. Directories are never opened.
+// it; null when there is none. Directories are never opened. A path found
+// by listing directories is kept, and found again by a stat of each of
+// them while they stay unchanged.
 FILE* open_book_file(const char* path);
 
 #endif  // ENGINE_FIND_FILE_H_

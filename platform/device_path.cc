@@ -38,8 +38,14 @@ std::string HomeRelative(const char* xdgName, const char* fallback) {
   return base + "/" + kAppFolder;
 }
 
-// Creates `folder` and its missing parents, private to the user.
+// Creates `folder` and its missing parents, private to the user. A folder
+// that stands already costs one stat: it is named for every file of a
+// lookup. It is checked each time, not remembered, for a folder removed
+// while the program runs (a cleaned /tmp, a runtime folder gone at logout)
+// must come back before a file is written in it.
 void MakeFolders(const std::string& folder) {
+  struct stat info;
+  if (stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) return;
   for (size_t slash = folder.find('/', 1); ; slash = folder.find('/', slash + 1)) {
     mkdir(folder.substr(0, slash).c_str(), 0700);
     if (slash == std::string::npos) break;
