@@ -80,15 +80,31 @@ struct LoadedGaijiTable {
   const unsigned char* end;   // behind the last byte of the file's contents
 };
 
-// Bytes of one block of a book file as read and kept, and the blocks kept.
-// A block starts at a multiple of its size in its file.
+// What stat says of a file or directory that moves on with any change of
+// its contents (the status-change time cannot be set back); all zero for
+// one changed too recently to be trusted (engine/find_file.h).
+struct FileStamp {
+  uint64_t device;           // st_dev
+  uint64_t inode;            // st_ino; 0 in a stamp that stands for nothing
+  int64_t size;              // st_size
+  int64_t modified_seconds;  // st_mtim.tv_sec
+  int64_t modified_nanos;    // st_mtim.tv_nsec
+  int64_t changed_seconds;   // st_ctim.tv_sec
+  int64_t changed_nanos;     // st_ctim.tv_nsec
+};
+
+// Bytes of one block of a book file as read and kept, the blocks kept, and
+// the open book files whose stamps are known.
 constexpr int kBlockSize = 4096;
-constexpr int kBlockCount = 8;
+constexpr int kBlockCount = 32;
+constexpr int kStampedFiles = 8;
 
 // A block of a book file, kept while the run reads on, so that going back
-// to a page (an index page between the articles it leads to) reads nothing.
+// to a page (an index page between the articles it leads to) reads nothing;
+// kept after the file closes for the next open of the same unchanged file.
 struct BookBlock {
-  FILE* file;          // the file it was read from; null when the slot is free
+  FILE* file;          // the file it was read from while open; else null
+  FileStamp stamp;     // that file as it stood when opened; zero: not kept past its close
   int64_t start;       // offset of its first byte in the file
   int32_t length;      // bytes it holds: kBlockSize, fewer where the file ends
   uint32_t last_use;   // use count at its last use; the least recent goes first
@@ -110,16 +126,6 @@ struct BookReader {
 constexpr int kScannedMax = 4;
 constexpr int kFoundPathSlots = 4;
 
-// What stat says of a directory that can change what it lists: its device,
-// inode and status-change time (which every entry made, renamed or removed
-// in it moves on).
-struct DirectoryStamp {
-  uint64_t device;          // st_dev
-  uint64_t inode;           // st_ino
-  int64_t changed_seconds;  // st_ctim.tv_sec
-  int64_t changed_nanos;    // st_ctim.tv_nsec
-};
-
 // A book file path that open_book_file had to find by listing directories,
 // kept between runs so that the next open of it lists nothing while those
 // directories stand unchanged.
@@ -128,7 +134,7 @@ struct FoundPath {
   char found[kPathSize];   // the path of the file find_file found for it
   int32_t scanned_count;   // directories listed to find it
   int32_t scanned_ends[kScannedMax];  // bytes of `found` naming each ("" is the working one)
-  DirectoryStamp scanned_stamps[kScannedMax];  // each as it was when listed
+  FileStamp scanned_stamps[kScannedMax];  // each as it was when listed
 };
 
 // Where engine_catalog collects the titles of a -C listing.
@@ -157,6 +163,8 @@ struct EngineState {
   BookReader reader;            // the position and flags of current_file
   BookBlock blocks[kBlockCount];  // blocks of the open book files, read once each
   uint32_t block_uses;          // uses of blocks so far, for last_use
+  FILE* stamped_files[kStampedFiles];      // open book files whose stamps are known
+  FileStamp file_stamps[kStampedFiles];    // their stamps, taken when they opened
   FoundPath found_paths[kFoundPathSlots];  // found book file paths, kept between runs
   uint32_t found_path_next;     // the slot the next path found takes (in turn)
   FILE* output;                 // where results go

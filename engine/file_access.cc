@@ -20,9 +20,15 @@
 // position.
 //
 // Files are read in blocks of kBlockSize at their offsets, and the last
-// kBlockCount blocks are kept until the files close: a walk that goes from
-// an index page to an article and back reads the page once, and a seek or
-// the position costs no system call. engine.reader stands for the stream's
+// kBlockCount blocks are kept: a walk that goes from an index page to an
+// article and back reads the page once, and a seek or the position costs
+// no system call. A block carries the stamp of its file as it stood when
+// opened (device, inode, size, modification and change times), and is
+// kept past the file's close: the next open of a file with the very same
+// stamp, in this run or a later one, takes it up again. Any write to the
+// file moves its change time, which cannot be set back, and a file put in
+// its place has another inode; a file changed within the last second gets
+// no stamp, and its blocks go when it closes (engine/find_file.h). engine.reader stands for the stream's
 // position and its end and error flags, with the stream's rules: a read past
 // the end sets the end flag and reads nothing more until a seek clears it.
 #include "engine/file_access.h"
@@ -68,7 +74,31 @@ BookReader& reader() {
 // A slot that holds nothing; its bytes need no clearing.
 void free_block(BookBlock& block) {
   block.file = nullptr;
+  block.stamp = FileStamp{};
   block.last_use = 0;
+}
+
+// The stamp `file` got when cdopen opened it; zero when it has none.
+FileStamp stamp_of(FILE* file) {
+  for (int i = 0; i < kStampedFiles; ++i) {
+    if (engine.stamped_files[i] == file) return engine.file_stamps[i];
+  }
+  return FileStamp{};
+}
+
+// Notes the stamp of `file`, just opened, and gives it the kept blocks of
+// the same unchanged file. A file with no free slot gets no stamp.
+void take_up_blocks(FILE* file, const FileStamp& stamp) {
+  if (stamp.inode == 0) return;
+  for (int i = 0; i < kStampedFiles; ++i) {
+    if (engine.stamped_files[i]) continue;
+    engine.stamped_files[i] = file;
+    engine.file_stamps[i] = stamp;
+    for (BookBlock& block : engine.blocks) {
+      if (!block.file && same_stamp(block.stamp, stamp)) block.file = file;
+    }
+    return;
+  }
 }
 
 // The block of `file` that holds `offset`, read now unless it is kept; null
@@ -89,6 +119,7 @@ BookBlock* block_at(FILE* file, int64_t offset) {
     return nullptr;
   }
   oldest->file = file;
+  oldest->stamp = stamp_of(file);
   oldest->start = start;
   oldest->length = static_cast<int32_t>(got);
   oldest->last_use = ++engine.block_uses;
@@ -202,16 +233,23 @@ FILE* cdopen(const char* name) {
     const char* base = strrchr(path, '/');
     if (!strchr(base ? base : path, '.')) strcat(path, ".");
   }
-  FILE* file = open_book_file(path);
+  FileStamp stamp;
+  FILE* file = open_book_file(path, &stamp);
   // A stream closed behind the engine's back may come again under the same
   // address: nothing kept of the old one may pass for the new one.
-  if (file) cdforget(file);
+  if (file) {
+    cdforget(file);
+    take_up_blocks(file, stamp);
+  }
   return file;
 }
 
 void cdforget(FILE* file) {
   for (BookBlock& block : engine.blocks) {
     if (block.file == file) free_block(block);
+  }
+  for (FILE*& stamped : engine.stamped_files) {
+    if (stamped == file) stamped = nullptr;
   }
   if (engine.reader.file == file) engine.reader = BookReader{};
 }
@@ -226,8 +264,13 @@ void cdclose() {
     fclose(engine.current_file);
   }
   engine.current_file = nullptr;
-  // Every book file is closed: nothing kept stands for any of them now.
-  for (BookBlock& block : engine.blocks) free_block(block);
+  // Every book file is closed: blocks of a stamped file wait for its next
+  // open, the others go.
+  for (BookBlock& block : engine.blocks) {
+    block.file = nullptr;
+    if (block.stamp.inode == 0) free_block(block);
+  }
+  for (FILE*& stamped : engine.stamped_files) stamped = nullptr;
   engine.reader = BookReader{};
 }
 

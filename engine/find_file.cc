@@ -51,35 +51,18 @@ Match match(const char* wanted, size_t wanted_length, const char* entry) {
   return same_ignoring_case(entry, wanted, wanted_bare) ? kSuffixToo : kNone;
 }
 
-// A directory changed this recently may change again within the same tick
-// of the file system's clock and keep its time: its listing is not kept.
-constexpr int64_t kSettledNanos = 1000000000;
-
-DirectoryStamp stamp_of(const struct stat& status) {
-  return {static_cast<uint64_t>(status.st_dev), static_cast<uint64_t>(status.st_ino),
-          static_cast<int64_t>(status.st_ctim.tv_sec), static_cast<int64_t>(status.st_ctim.tv_nsec)};
-}
-
-bool same_stamp(const DirectoryStamp& a, const DirectoryStamp& b) {
-  return a.device == b.device && a.inode == b.inode && a.changed_seconds == b.changed_seconds &&
-         a.changed_nanos == b.changed_nanos;
-}
-
 // Notes in `record` that the directory named by the first `end` bytes of
 // record->found was listed as `status` shows it; a record that cannot be
 // trusted gets scanned_count -1.
 void note_scan(FoundPath* record, int32_t end, const struct stat& status) {
   if (!record || record->scanned_count < 0) return;
-  timespec now;
-  clock_gettime(CLOCK_REALTIME, &now);
-  const int64_t age_nanos = (now.tv_sec - status.st_ctim.tv_sec) * 1000000000LL +
-                           (now.tv_nsec - status.st_ctim.tv_nsec);
-  if (record->scanned_count == kScannedMax || age_nanos < kSettledNanos) {
+  const FileStamp stamp = settled_stamp(status);
+  if (record->scanned_count == kScannedMax || stamp.inode == 0) {
     record->scanned_count = -1;
     return;
   }
   record->scanned_ends[record->scanned_count] = end;
-  record->scanned_stamps[record->scanned_count++] = stamp_of(status);
+  record->scanned_stamps[record->scanned_count++] = stamp;
 }
 
 // Looks up one component in `directory` (empty for the working directory)
@@ -111,7 +94,7 @@ bool exists(const char* path) {
   return stat(path, &status) == 0;
 }
 
-FILE* open_regular(const char* path) {
+FILE* open_regular(const char* path, FileStamp* stamp) {
   FILE* file = fopen(path, "rb");
   if (!file) return nullptr;
   struct stat status;
@@ -119,6 +102,7 @@ FILE* open_regular(const char* path) {
     fclose(file);
     return nullptr;
   }
+  *stamp = settled_stamp(status);
   return file;
 }
 
@@ -165,7 +149,7 @@ FoundPath* kept_path(const char* path) {
       directory[kept.scanned_ends[i]] = '\0';
       struct stat status;
       if (stat(directory[0] ? directory : ".", &status) != 0 ||
-          !same_stamp(stamp_of(status), kept.scanned_stamps[i])) {
+          !same_stamp(settled_stamp(status), kept.scanned_stamps[i])) {
         kept.asked[0] = '\0';
         return nullptr;
       }
@@ -188,19 +172,40 @@ void keep_path(const char* path, const FoundPath& record) {
 
 }  // namespace
 
+FileStamp settled_stamp(const struct stat& status) {
+  timespec now;
+  clock_gettime(CLOCK_REALTIME, &now);
+  const auto age_nanos = [&](const timespec& time) {
+    return (now.tv_sec - time.tv_sec) * 1000000000LL + (now.tv_nsec - time.tv_nsec);
+  };
+  if (age_nanos(status.st_ctim) < kSettledNanos || age_nanos(status.st_mtim) < kSettledNanos) {
+    return FileStamp{};
+  }
+  return {static_cast<uint64_t>(status.st_dev), static_cast<uint64_t>(status.st_ino),
+          static_cast<int64_t>(status.st_size),
+          static_cast<int64_t>(status.st_mtim.tv_sec), static_cast<int64_t>(status.st_mtim.tv_nsec),
+          static_cast<int64_t>(status.st_ctim.tv_sec), static_cast<int64_t>(status.st_ctim.tv_nsec)};
+}
+
+bool same_stamp(const FileStamp& a, const FileStamp& b) {
+  return a.inode != 0 && a.device == b.device && a.inode == b.inode && a.size == b.size &&
+         a.modified_seconds == b.modified_seconds && a.modified_nanos == b.modified_nanos &&
+         a.changed_seconds == b.changed_seconds && a.changed_nanos == b.changed_nanos;
+}
+
 bool find_file(const char* path, char* found) { return find_path(path, found, nullptr); }
 
-FILE* open_book_file(const char* path) {
-  if (FILE* file = open_regular(path)) return file;
+FILE* open_book_file(const char* path, FileStamp* stamp) {
+  if (FILE* file = open_regular(path, stamp)) return file;
   if (strlen(path) >= kPathSize) return nullptr;
   if (FoundPath* kept = kept_path(path)) {
-    if (FILE* file = open_regular(kept->found)) return file;
+    if (FILE* file = open_regular(kept->found, stamp)) return file;
     kept->asked[0] = '\0';
   }
   FoundPath record;
   record.scanned_count = 0;
   if (!find_path(path, record.found, &record)) return nullptr;
-  FILE* file = open_regular(record.found);
+  FILE* file = open_regular(record.found, stamp);
   if (file && record.scanned_count > 0) keep_path(path, record);
   return file;
 }

@@ -8,7 +8,22 @@
 #ifndef ENGINE_FIND_FILE_H_
 #define ENGINE_FIND_FILE_H_
 
+#include <sys/stat.h>
+
 #include <cstdio>
+
+#include "engine/engine_state.h"
+
+// A file or directory changed within this time may change again within the
+// same tick of the file system's clock and keep its times: it is not
+// trusted to be the same later.
+constexpr int64_t kSettledNanos = 1000000000;
+
+// The stamp of what `status` describes; all zero when it changed within
+// kSettledNanos of now.
+FileStamp settled_stamp(const struct stat& status);
+// True when both stamp the same unchanged file (never for zero stamps).
+bool same_stamp(const FileStamp& a, const FileStamp& b);
 
 // Writes to `found` (kPathSize bytes) the path of an existing entry that
 // matches `path` component by component; an exact name is preferred, then
@@ -20,6 +35,7 @@ bool find_file(const char* path, char* found);
 // it; null when there is none. Directories are never opened. A path found
 // by listing directories is kept, and found again by a stat of each of
 // them while they stay unchanged.
-FILE* open_book_file(const char* path);
+// `stamp` gets the settled stamp of the file opened.
+FILE* open_book_file(const char* path, FileStamp* stamp);
 
 #endif  // ENGINE_FIND_FILE_H_
