@@ -4,8 +4,9 @@
 // the user would get on the Braille display and from speech comes out as
 // lines: at the keyboard each presentation once, for a screen reader; with a
 // key script the transcript (BRL, TTS, BEEP, STARTED, ENDED); and speech
-// through espeak-ng, which is given the reading of each text, when it is
-// asked for.
+// through speech-dispatcher or the espeak-ng library, which are given the
+// reading of each text, when it is asked for.
+#include <signal.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -24,7 +25,9 @@
 #include "taskman/task_script.h"
 #include "taskman/keyboard_map.h"
 #include "taskman/terminal_keys.h"
-#include "speech/espeak_presenter.h"
+#include "speech/espeak_channel.h"
+#include "speech/speech_presenter.h"
+#include "speech/speechd_channel.h"
 #include "speech/reading_presenter.h"
 #include "controls/language_file.h"
 #include "controls/presenter_pair.h"
@@ -36,7 +39,7 @@ namespace {
 
 const char kUsage[] =
     "usage: epwingdict [--keys FILE|-] [--transcript FILE] [--card DIR] [--books DIR]...\n"
-    "                  [--home DIR] [--speech espeak|none] [--show text|dots|transcript]\n"
+    "                  [--home DIR] [--speech speechd|espeak|none] [--show text|dots|transcript]\n"
     "                  [--dots] [--readings]\n"
     "\n"
     "The Japanese dictionary reader, with the keyboard standing in for the Braille\n"
@@ -58,6 +61,7 @@ const char kUsage[] =
     "                                          typed, then KEY_ENTER\n"
     "                      readall             read-all of the text in view\n"
     "                      readstop <n>        the reading stopped n characters on\n"
+    "                      pause <ms>          wait that long (at most 10000 ms)\n"
     "                    The run ends when the reader closes (KEY_EXIT on the first\n"
     "                    screen saves the settings) or when the script ends, which\n"
     "                    saves nothing, as if the process were killed.\n"
@@ -71,10 +75,13 @@ const char kUsage[] =
     "                    $EPWINGDICT_BOOKS, separated by ':'\n"
     "  --home DIR        the program's folder, which holds epwingdict.ini\n"
     "                    (default: $XDG_CONFIG_HOME/epwingdict or ~/.config/epwingdict)\n"
-    "  --speech MODE     espeak: speak through espeak-ng (voice ja) when it is\n"
-    "                    installed; none: no speech. Default: espeak at the\n"
-    "                    keyboard, none with --keys; speech is given the\n"
-    "                    katakana reading of each text\n";
+    "  --speech MODE     speechd: speak through speech-dispatcher (the user's voice\n"
+    "                    and rate), or through the espeak-ng library when it\n"
+    "                    cannot be reached or goes away; espeak: the espeak-ng\n"
+    "                    library (voice ja); none: no speech. A speech output\n"
+    "                    that fails is told once on standard error. Default:\n"
+    "                    speechd at the keyboard, none with --keys; speech is\n"
+    "                    given the katakana reading of each text\n";
 
 const char kKeyboardHeading[] =
     "\n"
@@ -85,7 +92,7 @@ struct Options {
   std::string transcript;  // transcript path; empty: standard output
   std::string card;        // host folder of "\SD"
   std::string home;        // host folder of the program's folder
-  std::string speech;      // "espeak", "none", or empty for the default
+  std::string speech;      // "speechd", "espeak", "none", or empty for the default
   std::vector<std::string> books;  // folders mounted on the card (--books)
   ConsoleOptions console;  // --show, --dots, --readings
 };
@@ -131,8 +138,9 @@ int ReadOptions(int argc, char** argv, Options& options) {
     if (i + 1 >= argc || argv[i + 1][0] == '\0') return Fail(option + " needs a value");
     *target = argv[++i];
   }
-  if (!options.speech.empty() && options.speech != "espeak" && options.speech != "none")
-    return Fail("--speech takes espeak or none, not '" + options.speech + "'");
+  if (!options.speech.empty() && options.speech != "speechd" && options.speech != "espeak" &&
+      options.speech != "none")
+    return Fail("--speech takes speechd, espeak or none, not '" + options.speech + "'");
   if (options.keys.empty() && !isatty(STDIN_FILENO))
     return Fail("standard input is not a terminal: give a key script with --keys");
   return 0;
@@ -183,14 +191,23 @@ int main(int argc, char** argv) {
   const bool interactive = options.keys.empty();
   ConsoleLines lines(console, transcriptFile, options.console, interactive);
   Presenter& shown = lines.presenter();
-  EspeakPresenter espeak;
-  ReadingPresenter readings(espeak);
+  // A speech server that goes away must not end the reader by SIGPIPE.
+  signal(SIGPIPE, SIG_IGN);
+  SpeechdChannel speechd;
+  EspeakChannel espeak;
+  const std::string speech = options.speech.empty() ? (interactive ? "speechd" : "none") : options.speech;
+  std::vector<SpeechChannel*> channels;
+  if (speech == "speechd") channels = {&speechd, &espeak};
+  if (speech == "espeak") channels = {&espeak};
+  SpeechPresenter speaking(channels, stderr);
+  if (!channels.empty()) speaking.Start();
+  ReadingPresenter readings(speaking);
   PresenterPair withSpeech(shown, readings);
-  const std::string speech = options.speech.empty() ? (interactive ? "espeak" : "none") : options.speech;
-  SetPresenter(speech == "espeak" ? static_cast<Presenter*>(&withSpeech) : &shown);
+  SetPresenter(channels.empty() ? &shown : static_cast<Presenter*>(&withSpeech));
 
   CTaskManagerWnd taskManager;
   for (TranscriptWriter* writer : lines.writers()) taskManager.AddTranscript(writer);
+  if (!channels.empty()) taskManager.SetBeepSound([&](int32_t) { speaking.Beep(); });
 
   std::unique_ptr<TerminalKeys> keyboard;
   size_t next = 0;

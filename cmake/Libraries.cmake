@@ -21,5 +21,11 @@ subsystem_library(reading FOLDERS reading DEPENDS platform MeCab::MeCab)
 # stand-in for the device's task manager that starts the reader and hands it
 # keys from a script or the keyboard.
 subsystem_library(terminal FOLDERS terminal DEPENDS controls platform reading)
-subsystem_library(speech FOLDERS speech DEPENDS controls platform reading)
+# Speech and Braille reach the user's own servers through their client
+# libraries: speech-dispatcher's, the espeak-ng synthesizer's, BrlAPI.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(SPEECHD REQUIRED IMPORTED_TARGET speech-dispatcher)
+pkg_check_modules(ESPEAK_NG REQUIRED IMPORTED_TARGET espeak-ng)
+subsystem_library(speech FOLDERS speech DEPENDS controls platform reading PkgConfig::SPEECHD
+                  PkgConfig::ESPEAK_NG)
 subsystem_library(taskman FOLDERS taskman DEPENDS app terminal)

@@ -57,10 +57,10 @@ TEST(TaskScriptTest, ParsesEachActionAndNamesTheBadLine) {
   std::string error;
   ASSERT_TRUE(ParseTaskScript("  # comment\n\nKEY_ENTER\n 4096 \ntext  語 り\ncursor 3\n"
                               "setting 2 -1\nmute 1\nchoose \\SD\\x y\nreadall\nreadstop 12\n"
-                              "KEY_HELP\n",
+                              "KEY_HELP\npause 20\n",
                               actions, error))
       << error;
-  ASSERT_EQ(actions.size(), 10u);
+  ASSERT_EQ(actions.size(), 11u);
   EXPECT_EQ(actions[0].number, 256u);
   EXPECT_EQ(actions[1].number, 4096u);
   EXPECT_EQ(actions[2].kind, TaskAction::kText);
@@ -73,9 +73,11 @@ TEST(TaskScriptTest, ParsesEachActionAndNamesTheBadLine) {
   EXPECT_EQ(actions[8].kind, TaskAction::kReadStop);
   EXPECT_EQ(actions[8].number, 12u);
   EXPECT_EQ(actions[9].number, 65536u);
+  EXPECT_EQ(actions[10].kind, TaskAction::kPause);
 
   const char* bad[] = {"mute 2", "cursor", "setting 1", "cursor -1", "KEY_ENTER 3", "text",
-                       "99999999999", "hello", "readall 1", "readstop", "readstop -1"};
+                       "99999999999", "hello", "readall 1", "readstop", "readstop -1", "pause",
+                       "pause 10001"};
   for (const char* line : bad) {
     actions.clear();
     EXPECT_FALSE(ParseTaskScript(std::string("KEY_ENTER\n") + line + "\n", actions, error)) << line;

@@ -75,8 +75,10 @@ LRESULT CTaskManagerWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) 
       return 0;
     case WM_COPYDATA: {
       int32_t code = 0;
-      if (ReadBeepRecord(reinterpret_cast<const tagCOPYDATASTRUCT*>(lParam), code))
+      if (ReadBeepRecord(reinterpret_cast<const tagCOPYDATASTRUCT*>(lParam), code)) {
         for (TranscriptWriter* writer : transcripts_) writer->Beep(code);
+        if (beepSound_) beepSound_(code);
+      }
       return 0;
     }
     default:

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "terminal/transcript_writer.h"
@@ -22,6 +23,8 @@ class CTaskManagerWnd : public CWnd {
  public:
   // Its events go to `writer` too; the writer stays the caller's.
   void AddTranscript(TranscriptWriter* writer) { transcripts_.push_back(writer); }
+  // Each beep is also handed to `sound`, which makes it heard.
+  void SetBeepSound(std::function<void(int32_t code)> sound) { beepSound_ = std::move(sound); }
 
   // Creates this window and starts `app`; false when the application did
   // not start.
@@ -60,6 +63,7 @@ class CTaskManagerWnd : public CWnd {
 
  private:
   std::vector<TranscriptWriter*> transcripts_;  // where STARTED, ENDED, BEEP go
+  std::function<void(int32_t)> beepSound_;     // makes a beep heard, if set
   HWND appWnd_ = 0;                              // the application's window while it runs
   bool ended_ = false;                           // WM_VEK_APP_ENDED has come
   std::chrono::steady_clock::time_point lastAction_;  // when the latest action was delivered

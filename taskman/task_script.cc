@@ -1,8 +1,10 @@
 #include "taskman/task_script.h"
 
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstdlib>
+#include <thread>
 
 #include "app/frame_ids.h"
 #include "controls/control_keys.h"
@@ -104,6 +106,11 @@ std::string ParseAction(const std::string& line, TaskAction& action) {
       return "readstop needs the offset reached";
     action.kind = TaskAction::kReadStop;
     action.number = static_cast<uint32_t>(number);
+  } else if (verb == "pause") {
+    if (args.size() != 1 || !ReadNumber(args[0], 0, 10000, number))
+      return "pause needs a number of milliseconds up to 10000";
+    action.kind = TaskAction::kPause;
+    action.number = static_cast<uint32_t>(number);
   } else if (verb == "mute") {
     if (args.size() != 1 || !ReadNumber(args[0], 0, 1, number)) return "mute needs 0 or 1";
     action.kind = TaskAction::kMute;
@@ -177,6 +184,9 @@ void PerformTaskAction(CTaskManagerWnd& taskManager, const TaskAction& action) {
       } else {
         taskManager.DeliverReadStop(action.number);
       }
+      break;
+    case TaskAction::kPause:
+      std::this_thread::sleep_for(std::chrono::milliseconds(action.number));
       break;
   }
 }

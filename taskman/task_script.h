@@ -13,6 +13,8 @@
 //   readall                     read-all of the text in view begins
 //   readstop <n>                the reading stopped n units of the text
 //                               behind where it began
+//   pause <ms>                  waits that long (at most 10000 ms) before
+//                               the next action, as a user would
 #ifndef TASKMAN_TASK_SCRIPT_H_
 #define TASKMAN_TASK_SCRIPT_H_
 
@@ -25,9 +27,10 @@
 class CTaskManagerWnd;
 
 struct TaskAction {
-  enum Kind { kKey, kText, kCursor, kSetting, kMute, kChoose, kReadAll, kReadStop };
+  enum Kind { kKey, kText, kCursor, kSetting, kMute, kChoose, kReadAll, kReadStop,
+              kPause };
   Kind kind = kKey;    // what to deliver
-  uint32_t number = 0; // key code, cursor cell, setting number, mute flag, or read offset
+  uint32_t number = 0; // key code, cursor cell, setting number, mute flag, read offset, or pause ms
   int32_t value = 0;   // setting value; for kReadStop -1: where the speech got to
   CString text;        // typed text or chosen folder
 };

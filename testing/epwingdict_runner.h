@@ -43,8 +43,9 @@ class EpwingdictRunner : public ::testing::Test {
     // The work file of a lookup lives in the runtime folder: a private one
     // per run, so runs side by side never read each other's results.
     std::filesystem::create_directories(work / "run" / "epwingdict");
-    const std::string command = "XDG_RUNTIME_DIR=" + (work / "run").string() + " " +
-                                program.string() + " --keys " + (work / "script.txt").string() +
+    const std::string command = "XDG_RUNTIME_DIR=" + (work / "run").string() + " " + environment +
+                                " " + program.string() + " " + options + " --keys " +
+                                (work / "script.txt").string() +
                                 " --card " + card.string() + " --home " + work.string() +
                                 " --transcript " + (work / "transcript.txt").string() + " <" +
                                 (work / "stdin.txt").string() + " 2>" +
@@ -55,6 +56,8 @@ class EpwingdictRunner : public ::testing::Test {
   std::string Transcript() const { return ReadWholeFile(work / "transcript.txt"); }
 
   std::filesystem::path program, card, work;  // the program, "\SD", the program folder
+  std::string environment;  // "NAME=value ..." for the program's environment, if any
+  std::string options;      // more options for the program, if any
 };
 
 // Each line of `lines` stands in `transcript` as a whole line, in this

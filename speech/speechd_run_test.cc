@@ -1,0 +1,170 @@
+// The reader against a real speech-dispatcher that the test starts: its own
+// configuration, socket and logs in the test's folder, and an output
+// module that writes each utterance it gets to a file instead of sounding
+// it. Skipped, saying why, where the server is not installed.
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "testing/epwingdict_runner.h"
+
+extern char** environ;
+
+namespace {
+
+const char kServer[] = "/usr/bin/speech-dispatcher";
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+// The utterances of a transcript, in order.
+std::vector<std::string> Utterances(const std::string& transcript) {
+  std::vector<std::string> said;
+  for (const std::string& line : Lines(transcript))
+    if (line.rfind("TTS ", 0) == 0) said.push_back(line.substr(4));
+  return said;
+}
+
+// `part` is `whole` with some lines left out, the order kept.
+::testing::AssertionResult InOrderWithin(const std::vector<std::string>& part,
+                                         const std::vector<std::string>& whole) {
+  size_t at = 0;
+  for (const std::string& line : part) {
+    while (at < whole.size() && whole[at] != line) ++at;
+    if (at == whole.size()) return ::testing::AssertionFailure() << "\"" << line << "\" out of order";
+    ++at;
+  }
+  return ::testing::AssertionSuccess();
+}
+
+class SpeechdRunTest : public EpwingdictRunner {
+ protected:
+  void SetUp() override {
+    EpwingdictRunner::SetUp();
+    if (IsSkipped()) return;
+    if (access(kServer, X_OK) != 0)
+      GTEST_SKIP() << kServer << " is not installed (scripts/install-deps.sh installs it)";
+    server = work / "speechd";
+    std::filesystem::create_directories(server / "modules");
+    socket = server / "socket";
+    said = server / "said.txt";
+    pidFile = server / "pid";
+  }
+  void TearDown() override {
+    if (pid > 0) {
+      kill(pid, SIGTERM);
+      waitpid(pid, nullptr, 0);
+    }
+  }
+
+  // Starts the server; its module records each utterance in `said`, and
+  // with `dieAfter` > 0 kills the server once that many have come.
+  void StartServer(int dieAfter = 0) {
+    std::ofstream(server / "speechd.conf")
+        << "LogLevel 3\nLogDir \"" << server.string() << "\"\n"
+        << "AudioOutputMethod \"alsa\"\nAudioALSADevice \"null\"\n"
+        << "AddModule \"recorder\" \"sd_generic\" \"recorder.conf\"\n"
+        << "DefaultModule recorder\nDefaultLanguage \"ja\"\n";
+    std::string command = "printf '%s\\\\n' \\'$DATA\\' >> " + said.string();
+    if (dieAfter > 0)
+      command += "; if [ $(wc -l < " + said.string() + ") -ge " + std::to_string(dieAfter) +
+                 " ]; then kill -9 $(cat " + pidFile.string() + "); fi";
+    std::ofstream(server / "modules" / "recorder.conf")
+        << "GenericExecuteSynth \"" << command << "\"\n"
+        << "GenericLanguage \"ja\" \"ja\" \"utf-8\"\nAddVoice \"ja\" \"MALE1\" \"ja\"\n";
+    const std::string log = (server / "server.log").string();
+    const std::vector<std::string> args = {kServer, "-s", "-t", "0", "-C", server.string(),
+                                           "-S", socket.string(), "-P", pidFile.string(),
+                                           "-L", server.string()};
+    std::vector<char*> argv;
+    for (const std::string& arg : args) argv.push_back(const_cast<char*>(arg.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, log.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
+    ASSERT_EQ(posix_spawn(&pid, kServer, &actions, nullptr, argv.data(), environ), 0);
+    posix_spawn_file_actions_destroy(&actions);
+    // Ready once it listens: a few seconds at most.
+    for (int tries = 0; tries < 100 && !std::filesystem::exists(socket); ++tries)
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    ASSERT_TRUE(std::filesystem::exists(socket)) << ReadWholeFile(log);
+    environment = "SPEECHD_ADDRESS=unix_socket:" + socket.string();
+    options = "--speech speechd";
+  }
+
+  // What the module has been handed, once `last` is among it or a second
+  // has gone by.
+  std::vector<std::string> Said(const std::string& last) {
+    for (int tries = 0; tries < 20; ++tries) {
+      const std::vector<std::string> lines = Lines(ReadWholeFile(said));
+      if (!lines.empty() && lines.back() == last) return lines;
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    return Lines(ReadWholeFile(said));
+  }
+
+  std::filesystem::path server, socket, said, pidFile;  // the server's folder and files
+  pid_t pid = -1;                                       // the server, once started
+};
+
+}  // namespace
+
+TEST_F(SpeechdRunTest, TheUtterancesOfALookupReachTheServerInOrder) {
+  StartServer();
+  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"), 0) << ReadWholeFile(work / "stderr.txt");
+  const std::vector<std::string> spoken = Utterances(Transcript());
+  ASSERT_TRUE(HasLinesInOrder(Transcript(), {"TTS はな", "TTS 検索開始", "TTS 検索結果:はな【花】"}));
+  // Each utterance cancels the one before, so the server may drop one that
+  // came close behind another; what it got came in order, the last one
+  // surely.
+  const std::vector<std::string> got = Said(spoken.back());
+  EXPECT_TRUE(InOrderWithin(got, spoken));
+  ASSERT_FALSE(got.empty());
+  EXPECT_EQ(got.back(), spoken.back());
+  EXPECT_EQ(ReadWholeFile(work / "stderr.txt"), "");
+}
+
+TEST_F(SpeechdRunTest, AServerThatDiesIsToldOnceAndNoKeyIsLost) {
+  StartServer(1);
+  // The server is killed at the first utterance it gets, well before the
+  // reader goes on.
+  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext は\npause 300\ntext な\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n"), 0);
+  waitpid(pid, nullptr, 0);
+  pid = -1;
+  // Every key had its effect, to the close that saves the settings.
+  EXPECT_TRUE(HasLinesInOrder(Transcript(), {"BRL 検索ワード:はな", "TTS 検索結果:はな【花】",
+                                             "ENDED"}));
+  EXPECT_TRUE(InOrderWithin(Lines(ReadWholeFile(said)), Utterances(Transcript())));
+  const std::vector<std::string> told = Lines(ReadWholeFile(work / "stderr.txt"));
+  ASSERT_EQ(told.size(), 1u) << ReadWholeFile(work / "stderr.txt");
+  EXPECT_EQ(told[0].rfind("epwingdict: speech-dispatcher was lost (", 0), 0u) << told[0];
+}
+
+TEST_F(SpeechdRunTest, WithNoServerTheReaderGoesOnAndSaysSoOnce) {
+  environment = "SPEECHD_ADDRESS=unix_socket:" + socket.string();
+  options = "--speech speechd";
+  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n"), 0);
+  EXPECT_TRUE(HasLinesInOrder(Transcript(), {"TTS 検索開始", "ENDED"}));
+  const std::vector<std::string> told = Lines(ReadWholeFile(work / "stderr.txt"));
+  ASSERT_EQ(told.size(), 1u) << ReadWholeFile(work / "stderr.txt");
+  // The line goes on with espeak-ng: speaking through it, or it too failing
+  // where there is no sound device.
+  EXPECT_NE(told[0].find("speech-dispatcher cannot be used ("), std::string::npos) << told[0];
+}
