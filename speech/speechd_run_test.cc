@@ -16,6 +16,8 @@
 #include <thread>
 #include <vector>
 
+#include "platform/utf8_text.h"
+#include "reading/reading.h"
 #include "testing/epwingdict_runner.h"
 
 extern char** environ;
@@ -31,11 +33,13 @@ std::vector<std::string> Lines(const std::string& text) {
   return lines;
 }
 
-// The utterances of a transcript, in order.
+// The utterances of a transcript, in order, as the synthesizer is handed
+// them: their readings.
 std::vector<std::string> Utterances(const std::string& transcript) {
   std::vector<std::string> said;
   for (const std::string& line : Lines(transcript))
-    if (line.rfind("TTS ", 0) == 0) said.push_back(line.substr(4));
+    if (line.rfind("TTS ", 0) == 0)
+      said.push_back(ToUtf8(CString(SpeechReading(FromUtf8(line.substr(4)).Units()))));
   return said;
 }
 
