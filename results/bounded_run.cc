@@ -30,7 +30,11 @@ namespace {
   // Should the caller be gone, the child still ends, a second later.
   alarm(static_cast<unsigned>(limits.milliseconds / 1000 + 2));
   work();
-  std::fflush(nullptr);
+  // Only the standard streams: another thread of the caller (a speech
+  // client's reader) may have held a stream's lock at the fork, and that
+  // lock stays taken here for ever.
+  std::fflush(stdout);
+  std::fflush(stderr);
   _exit(0);
 }
 
@@ -43,8 +47,11 @@ RunEnd EndOf(int status) {
 }  // namespace
 
 RunEnd RunBounded(const std::function<void()>& work, const RunLimits& limits) {
-  // What waits in the caller's buffers is written once, by the caller.
-  std::fflush(nullptr);
+  // What waits in the caller's buffers is written once, by the caller. Not
+  // every stream: one that a thread of a client library blocks reading
+  // (speech-dispatcher's) would hold this thread too.
+  std::fflush(stdout);
+  std::fflush(stderr);
   const pid_t child = fork();
   if (child < 0) {
     work();
