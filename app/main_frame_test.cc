@@ -89,8 +89,7 @@ TEST_F(FrameTest, CloseSavesThenTellsTheTaskManagerAndEndsTheLoop) {
   EXPECT_TRUE(taskManager.AppEnded());
   EXPECT_EQ(app.mainWnd, nullptr);
   EXPECT_EQ(Transcript(), "STARTED\nENDED\n");
-  std::ifstream saved(home / "epwingdict.ini");
-  std::string text((std::istreambuf_iterator<char>(saved)), std::istreambuf_iterator<char>());
+  const std::string text = ReadWholeFile(home / "epwingdict.ini");
   EXPECT_NE(text.find("GAIJI_REPLACE=0\n"), std::string::npos) << text;
 }
 

@@ -5,7 +5,7 @@
 subsystem_library(booktools FOLDERS tools DEPENDS bookengine)
 # Test fixtures: the engine run with captured streams, scratch folders.
 # and a presenter that records what the controls present.
-subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine controls terminal books)
+subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine controls terminal books platform)
 subsystem_library(platform FOLDERS platform)
 # What the application asks of books, below the store and the results.
 subsystem_library(books FOLDERS books DEPENDS platform)

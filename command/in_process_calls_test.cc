@@ -15,12 +15,6 @@
 
 namespace {
 
-std::string read_file(const std::filesystem::path& path) {
-  std::stringstream text;
-  text << std::ifstream(path).rdbuf();
-  return text.str();
-}
-
 class InProcessCalls : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -54,7 +48,7 @@ TEST_F(InProcessCalls, OutputAppendsToTheFileAndClosesIt) {
   const std::string file = (dir / "work.dat").string();
   std::ofstream(file) << "old\n";
   EngineRun run = capture_engine([&] { engine_output(dir.c_str(), 0, file.c_str(), "-A"); });
-  const std::string written = read_file(file);
+  const std::string written = ReadWholeFile(file);
   EXPECT_EQ(written.rfind("old\n-D/CDDRIVE = " + dir.string() + "/\n-B/CDBOOK  = 0\n", 0), 0u);
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(engine.output, engine.std_out) << "the file is closed when the call returns";
@@ -62,7 +56,7 @@ TEST_F(InProcessCalls, OutputAppendsToTheFileAndClosesIt) {
   // "--" reads standard input, which is at its end: one prompt.
   run = capture_engine([&] { engine_output(dir.c_str(), 0, file.c_str(), "--"); });
   EXPECT_EQ(run.out, "\nTOMEVIEW> ");
-  EXPECT_EQ(read_file(file), written);
+  EXPECT_EQ(ReadWholeFile(file), written);
 
   // When "-o" fails, the text of the run comes to standard output.
   engine.host_errno = 0;

@@ -8,15 +8,14 @@
 #include "platform/file_calls.h"
 #include "platform/file_system.h"
 #include "platform/program_folder.h"
+#include "platform/read_file.h"
 
 namespace {
 
 // The whole file, or false when it can't be opened.
 bool ReadAll(FILE* file, std::string& bytes) {
   if (file == nullptr) return false;
-  char buffer[4096];
-  size_t got;
-  while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0) bytes.append(buffer, got);
+  bytes = ReadToEnd(file);
   std::fclose(file);
   return true;
 }

@@ -43,11 +43,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string read_file(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
 // "\SD\epwing\plus" and "\SD\epwing\wadai" as the build's demo card has
 // them, plus's Braille gaiji file in Shift-JIS.
 void write_demo_card(const fs::path& card) {
@@ -59,7 +54,7 @@ void write_demo_card(const fs::path& card) {
     write_book_tree(tree, card / "epwing" / name);
   }
   std::ofstream(card / "epwing" / "plus" / "BrailleGaiji.txt", std::ios::binary)
-      << utf8_to_sjis(read_file(source / "BrailleGaiji.utf8.txt"));
+      << utf8_to_sjis(ReadWholeFile(source / "BrailleGaiji.utf8.txt"));
 }
 
 struct Folders {

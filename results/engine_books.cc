@@ -8,6 +8,7 @@
 #include "platform/code_page.h"
 #include "platform/device_path.h"
 #include "platform/file_calls.h"
+#include "platform/read_file.h"
 #include "results/run_on_entries.h"
 #include "results/work_file_parser.h"
 
@@ -50,24 +51,6 @@ void MakeSearchArgument(std::vector<char>& word) {
   }
   word[0] = fullWidth[1];
   word.insert(word.begin(), fullWidth[0]);
-}
-
-// All bytes of a file just opened. Unbuffered, each read goes straight
-// into the string: no copy through the stream's buffer, and no system call
-// to size that buffer or to go back to where the file already stands.
-std::string ReadAll(FILE* file) {
-  constexpr size_t kBlock = 16384;
-  std::setvbuf(file, nullptr, _IONBF, 0);
-  std::string bytes;
-  for (size_t used = 0;;) {
-    bytes.resize(used + kBlock);
-    const size_t got = std::fread(bytes.data() + used, 1, kBlock, file);
-    used += got;
-    if (got < kBlock) {
-      bytes.resize(used);
-      return bytes;
-    }
-  }
 }
 
 // The catalog buffer's first size.
@@ -117,7 +100,10 @@ int32_t EngineBooks::Lookup(const CString& path, int32_t bookNumber, const CStri
   const bool stopped = end != RunEnd::kFinished;
   FILE* file = OpenDeviceFile(kWorkFileName, "r");
   if (file == nullptr) return stopped ? kLookupStopped : 0;
-  std::string bytes = ReadAll(file);
+  // Unbuffered, each read goes straight into the string: no copy through
+  // the stream's buffer for a work file of megabytes.
+  std::setvbuf(file, nullptr, _IONBF, 0);
+  std::string bytes = ReadToEnd(file);
   std::fclose(file);
   ParseWorkFile(bytes, articles, candidates, stopped);
   return stopped ? kLookupStopped : 0;

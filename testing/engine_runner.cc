@@ -4,17 +4,14 @@
 
 #include "command/engine.h"
 #include "engine/engine_state.h"
+#include "platform/read_file.h"
 
 namespace {
 
 std::string read_all(FILE* file) {
-  std::string text;
   fflush(file);
   rewind(file);
-  char chunk[4096];
-  size_t got;
-  while ((got = fread(chunk, 1, sizeof chunk, file)) > 0) text.append(chunk, got);
-  return text;
+  return ReadToEnd(file);
 }
 
 }  // namespace

@@ -18,11 +18,6 @@
 
 #include "testing/temp_tree.h"
 
-inline std::string ReadWholeFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-}
-
 class EpwingdictRunner : public ::testing::Test {
  protected:
   void SetUp() override {

@@ -2,6 +2,10 @@
 
 #include <unistd.h>
 
+#include <cstdio>
+
+#include "platform/read_file.h"
+
 namespace {
 
 std::filesystem::path private_folder() {
@@ -20,4 +24,12 @@ std::filesystem::path fresh_directory(const std::string& name) {
   std::filesystem::remove_all(path);
   std::filesystem::create_directories(path);
   return path;
+}
+
+std::string ReadWholeFile(const std::filesystem::path& path) {
+  FILE* file = std::fopen(path.c_str(), "rb");
+  if (file == nullptr) return "";
+  std::string bytes = ReadToEnd(file);
+  std::fclose(file);
+  return bytes;
 }

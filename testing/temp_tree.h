@@ -14,4 +14,7 @@ std::filesystem::path fresh_directory(const std::string& name);
 // in other processes never share it.
 std::string scratch_path(const std::string& name);
 
+// All bytes of the file at `path`; empty when it can't be read.
+std::string ReadWholeFile(const std::filesystem::path& path);
+
 #endif  // TESTING_TEMP_TREE_H_
