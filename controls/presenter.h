@@ -11,6 +11,10 @@ class Presenter {
   virtual ~Presenter() = default;
   // The Braille display now shows `line`, in place of what it showed.
   virtual void ShowBraille(const CString& line) = 0;
+  // The edit field's cursor stands before unit `position` of the line just
+  // shown (its length: behind its end). A display with a cursor shows it;
+  // the other presenters leave it.
+  virtual void ShowBrailleCursor(int position) { (void)position; }
   // Speaks `text`. With `sync` the call returns once the text is spoken;
   // without it the call returns at once, and a later utterance cuts this
   // one short, as a screen reader does when the user moves on.

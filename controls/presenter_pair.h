@@ -12,6 +12,10 @@ class PresenterPair : public Presenter {
     first_.ShowBraille(line);
     second_.ShowBraille(line);
   }
+  void ShowBrailleCursor(int position) override {
+    first_.ShowBrailleCursor(position);
+    second_.ShowBrailleCursor(position);
+  }
   void Speak(const CString& text, bool sync) override {
     first_.Speak(text, sync);
     second_.Speak(text, sync);

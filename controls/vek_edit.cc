@@ -132,14 +132,19 @@ CString CVekEdit::CursorLine() const {
   return text_.Mid(start, end - start);
 }
 
+void CVekEdit::ShowCursorLine(const CString& prefix) {
+  labelCells_ = prefix.GetLength();
+  CurrentPresenter().ShowBraille(prefix + CursorLine());
+  CurrentPresenter().ShowBrailleCursor(labelCells_ + cursor_ - LineStart(cursor_));
+}
+
 void CVekEdit::PresentLine(bool withLabel) {
   // A one-line field is always shown with its label; a text of several
   // lines only when it takes the focus.
   withLabel = withLabel || !multiLine_;
   const CString line = CursorLine();
   const CString prefix = withLabel ? label_ : CString();
-  labelCells_ = prefix.GetLength();
-  CurrentPresenter().ShowBraille(prefix + line);
+  ShowCursorLine(prefix);
   if (!line.IsEmpty()) {
     CurrentPresenter().Speak(prefix + line, false);
   } else {
@@ -149,8 +154,7 @@ void CVekEdit::PresentLine(bool withLabel) {
 }
 
 void CVekEdit::PresentCharacter() {
-  CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
-  labelCells_ = multiLine_ ? 0 : label_.GetLength();
+  ShowCursorLine(multiLine_ ? CString() : label_);
   if (cursor_ >= LineEnd(cursor_) || text_[cursor_] == u'\r') {
     // The end of a text of several lines is its end, not one line's.
     const bool textEnd = multiLine_ && cursor_ >= text_.GetLength();
@@ -199,7 +203,7 @@ void CVekEdit::DeleteAt(int position) {
   const CString gone = text_.Mid(position, units);
   text_.Delete(position, units);
   if (cursor_ > position) cursor_ = cursor_ - units < position ? position : cursor_ - units;
-  CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
+  ShowCursorLine(multiLine_ ? CString() : label_);
   CurrentPresenter().Speak(gone, false);
 }
 
@@ -216,7 +220,7 @@ void CVekEdit::Insert(const CString& typed) {
   if (text.IsEmpty()) return;
   text_ = text_.Left(cursor_) + text + text_.Mid(cursor_);
   cursor_ += text.GetLength();
-  CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
+  ShowCursorLine(multiLine_ ? CString() : label_);
   CurrentPresenter().Speak(text, false);
 }
 

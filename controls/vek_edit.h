@@ -116,6 +116,8 @@ class CVekEdit : public FocusTaker {
   int LineStart(int position) const;
   int LineEnd(int position) const;
   CString CursorLine() const;
+  // Shows `prefix` and the cursor's line on Braille, with the cursor.
+  void ShowCursorLine(const CString& prefix);
   void PresentLine(bool withLabel);
   void PresentCharacter();
   void TellPosition();

@@ -14,9 +14,10 @@ import sys
 
 # What each folder's shipped code may include besides itself. The
 # application looks down: cli -> taskman -> app -> controls, results,
-# store -> books -> platform; the terminal and speech present for the
-# controls (with readings from reading/), and the task manager writes its
-# events to the terminal's transcript. The engine stands alone (command -> search -> text -> engine)
+# store -> books -> platform; the terminal, speech and Braille present for
+# the controls (with readings from reading/), and the task manager writes
+# its events to the terminal's transcript and takes the Braille display's
+# keys and keyboard. The engine stands alone (command -> search -> text -> engine)
 # and is called by results' engine books, tools and cli.
 ENGINE = {"command", "search", "text", "engine"}
 ALLOWED = {
@@ -28,11 +29,12 @@ ALLOWED = {
     "reading": {"platform"},
     "speech": {"controls", "reading", "platform"},
     "terminal": {"controls", "reading", "platform"},
+    "braille": {"controls", "reading", "platform"},
     "app": {"controls", "results", "store", "books", "platform"},
     "taskman": {"app", "controls", "results", "store", "books", "platform", "terminal",
-                "reading"},
+                "reading", "braille"},
     "cli": {"taskman", "app", "controls", "results", "store", "books", "platform",
-            "terminal", "speech", "reading", "tools"} | ENGINE,
+            "terminal", "speech", "braille", "reading", "tools"} | ENGINE,
     "engine": set(),
     "text": {"engine"},
     "search": {"text", "engine"},

@@ -57,10 +57,10 @@ TEST(TaskScriptTest, ParsesEachActionAndNamesTheBadLine) {
   std::string error;
   ASSERT_TRUE(ParseTaskScript("  # comment\n\nKEY_ENTER\n 4096 \ntext  語 り\ncursor 3\n"
                               "setting 2 -1\nmute 1\nchoose \\SD\\x y\nreadall\nreadstop 12\n"
-                              "KEY_HELP\npause 20\n",
+                              "KEY_HELP\npause 20\ndots 136 0 8\n",
                               actions, error))
       << error;
-  ASSERT_EQ(actions.size(), 11u);
+  ASSERT_EQ(actions.size(), 12u);
   EXPECT_EQ(actions[0].number, 256u);
   EXPECT_EQ(actions[1].number, 4096u);
   EXPECT_EQ(actions[2].kind, TaskAction::kText);
@@ -74,13 +74,24 @@ TEST(TaskScriptTest, ParsesEachActionAndNamesTheBadLine) {
   EXPECT_EQ(actions[8].number, 12u);
   EXPECT_EQ(actions[9].number, 65536u);
   EXPECT_EQ(actions[10].kind, TaskAction::kPause);
+  EXPECT_EQ(actions[11].kind, TaskAction::kDots);
+  EXPECT_EQ(actions[11].text, CString(std::u16string(u"\x25\x00\x80", 3)));
 
   const char* bad[] = {"mute 2", "cursor", "setting 1", "cursor -1", "KEY_ENTER 3", "text",
                        "99999999999", "hello", "readall 1", "readstop", "readstop -1", "pause",
-                       "pause 10001"};
+                       "pause 10001", "dots", "dots 19", "dots 11"};
   for (const char* line : bad) {
     actions.clear();
     EXPECT_FALSE(ParseTaskScript(std::string("KEY_ENTER\n") + line + "\n", actions, error)) << line;
     EXPECT_EQ(error.rfind("line 2: ", 0), 0u) << error;
   }
+}
+
+TEST_F(EpwingdictRunTest, BrailleKeyboardCellsTypeKanaAndLookThemUp) {
+  // は ⠥ and な ⠅, then a number behind its sign, erased again.
+  ASSERT_EQ(Run("KEY_NEXT_CTRL\ndots 136\ndots 13\ndots 3456 1\n64\nKEY_ENTER\n"), 0)
+      << ReadWholeFile(work / "stderr.txt");
+  EXPECT_TRUE(HasLinesInOrder(Transcript(), {"BRL 検索ワード:は", "BRL 検索ワード:はな",
+                                             "BRL 検索ワード:はな1", "BRL 検索ワード:はな",
+                                             "TTS 検索開始", "TTS 検索結果:はな【花】"}));
 }

@@ -21,6 +21,7 @@ bool CTaskManagerWnd::StartApplication(CVekWinApp& app) {
 
 void CTaskManagerWnd::DeliverKey(uint32_t key) {
   lastAction_ = std::chrono::steady_clock::now();
+  kana_.Reset();
   PostMessage(appWnd_, WM_VEK_KEY_IN, key, 0);
 }
 
@@ -41,7 +42,13 @@ void CTaskManagerWnd::DeliverReadStopWhereSpeechGot() {
 }
 
 void CTaskManagerWnd::DeliverCursor(uint32_t cell) {
+  kana_.Reset();
   PostMessage(appWnd_, WM_VEK_CURSOR_IN, cell, 0);
+}
+
+void CTaskManagerWnd::DeliverDots(uint8_t dots) {
+  const std::u16string typed = kana_.Type(dots);
+  if (!typed.empty()) DeliverText(CString(typed));
 }
 
 void CTaskManagerWnd::DeliverSetting(uint32_t setting, int32_t value) {

@@ -2,7 +2,7 @@
 // the reader's own process. It starts the application with "0 <its own
 // window handle>" on the command line and then plays the device's part:
 // keys as WM_VEK_KEY_IN, cursor-routing keys as WM_VEK_CURSOR_IN, typed
-// text as Japanese text data by WM_COPYDATA, device settings and mute, and
+// text (and the kana typed in Braille) as Japanese text data by WM_COPYDATA, device settings and mute, and
 // the reading messages (read-all, and where a reading stopped). It writes
 // what it is told (STARTED, ENDED, BEEP <code>) to the transcripts.
 #ifndef TASKMAN_TASK_MANAGER_H_
@@ -13,6 +13,7 @@
 #include <functional>
 #include <vector>
 
+#include "braille/kana_keyboard.h"
 #include "terminal/transcript_writer.h"
 #include "platform/wide_string.h"
 #include "platform/window.h"
@@ -53,6 +54,10 @@ class CTaskManagerWnd : public CWnd {
   // kUnitsPerSecond: this stand-in hears no speech, so it reckons.
   void DeliverReadStopWhereSpeechGot();
   static constexpr double kUnitsPerSecond = 8.0;
+  // A cell typed on the Braille keyboard (bit 0 dot 1): the kana it
+  // completes go as typed text. A key or cursor-routing key between drops
+  // a sign that waits for its kana.
+  void DeliverDots(uint8_t dots);
 
   // Answers the open folder chooser as a user would: types `folder`
   // (relative to the folder in view, or a device name from "\"), then
@@ -63,6 +68,7 @@ class CTaskManagerWnd : public CWnd {
 
  private:
   std::vector<TranscriptWriter*> transcripts_;  // where STARTED, ENDED, BEEP go
+  KanaKeyboard kana_;                            // the Braille keyboard's signs and numbers
   std::function<void(int32_t)> beepSound_;     // makes a beep heard, if set
   HWND appWnd_ = 0;                              // the application's window while it runs
   bool ended_ = false;                           // WM_VEK_APP_ENDED has come

@@ -8,6 +8,7 @@
 
 #include "app/frame_ids.h"
 #include "controls/control_keys.h"
+#include "braille/kana_keyboard.h"
 #include "taskman/task_manager.h"
 #include "platform/utf8_text.h"
 
@@ -106,6 +107,14 @@ std::string ParseAction(const std::string& line, TaskAction& action) {
       return "readstop needs the offset reached";
     action.kind = TaskAction::kReadStop;
     action.number = static_cast<uint32_t>(number);
+  } else if (verb == "dots") {
+    if (args.empty()) return "dots needs the dots of each cell, such as 136";
+    action.kind = TaskAction::kDots;
+    for (const std::string& cell : args) {
+      uint8_t dots = 0;
+      if (!ParseDots(cell, dots)) return "\"" + cell + "\" is no cell: dot numbers 1 to 8, or 0";
+      action.text += static_cast<char16_t>(dots);
+    }
   } else if (verb == "pause") {
     if (args.size() != 1 || !ReadNumber(args[0], 0, 10000, number))
       return "pause needs a number of milliseconds up to 10000";
@@ -184,6 +193,10 @@ void PerformTaskAction(CTaskManagerWnd& taskManager, const TaskAction& action) {
       } else {
         taskManager.DeliverReadStop(action.number);
       }
+      break;
+    case TaskAction::kDots:
+      for (int i = 0; i < action.text.GetLength(); ++i)
+        taskManager.DeliverDots(static_cast<uint8_t>(action.text[i]));
       break;
     case TaskAction::kPause:
       std::this_thread::sleep_for(std::chrono::milliseconds(action.number));

@@ -13,6 +13,9 @@
 //   readall                     read-all of the text in view begins
 //   readstop <n>                the reading stopped n units of the text
 //                               behind where it began
+//   dots <cell>...              cells typed on the Braille keyboard, each as
+//                               its dot numbers ("136"; "0" the blank),
+//                               read as Japanese Braille (braille/kana_keyboard.h)
 //   pause <ms>                  waits that long (at most 10000 ms) before
 //                               the next action, as a user would
 #ifndef TASKMAN_TASK_SCRIPT_H_
@@ -28,11 +31,11 @@ class CTaskManagerWnd;
 
 struct TaskAction {
   enum Kind { kKey, kText, kCursor, kSetting, kMute, kChoose, kReadAll, kReadStop,
-              kPause };
+              kPause, kDots };
   Kind kind = kKey;    // what to deliver
   uint32_t number = 0; // key code, cursor cell, setting number, mute flag, read offset, or pause ms
   int32_t value = 0;   // setting value; for kReadStop -1: where the speech got to
-  CString text;        // typed text or chosen folder
+  CString text;        // typed text, chosen folder, or the dots of each cell typed, a unit each
 };
 
 // A key code by name.

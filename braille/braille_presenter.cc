@@ -1,0 +1,104 @@
+#include "braille/braille_presenter.h"
+
+BraillePresenter::BraillePresenter(BrailleDisplay& display, CellTranslator translate,
+                                   FILE* notices)
+    : display_(display), translate_(std::move(translate)), notices_(notices) {}
+
+bool BraillePresenter::Start() {
+  std::string why;
+  connected_ = display_.Open(why);
+  if (!connected_) {
+    std::fprintf(notices_, "epwingdict: no Braille display: %s cannot be used (%s)\n",
+                 display_.Name(), why.c_str());
+    std::fflush(notices_);
+  }
+  return connected_;
+}
+
+void BraillePresenter::Lose(const std::string& why) {
+  if (!connected_) return;
+  connected_ = false;
+  std::fprintf(notices_, "epwingdict: the Braille display of %s was lost (%s); Braille goes on on "
+                         "the terminal only\n",
+               display_.Name(), why.c_str());
+  std::fflush(notices_);
+}
+
+int BraillePresenter::CellsBefore(int units) const {
+  if (units <= 0) return 0;
+  if (units >= line_.GetLength()) return static_cast<int>(cells_.size());
+  return static_cast<int>(translate_(std::u16string_view(line_.Units()).substr(0, units)).size());
+}
+
+void BraillePresenter::Refresh() {
+  if (!connected_) return;
+  const int cursor = cursorCell_ >= window_ ? cursorCell_ - window_ : -1;
+  std::string why;
+  if (!display_.Write(cells_.substr(std::min<size_t>(window_, cells_.size())), cursor, why))
+    Lose(why);
+}
+
+void BraillePresenter::ShowBraille(const CString& line) {
+  line_ = line;
+  cells_ = translate_(line_.Units());
+  cursorCell_ = -1;
+  window_ = 0;
+  Refresh();
+}
+
+void BraillePresenter::ShowBrailleCursor(int position) {
+  cursorCell_ = CellsBefore(position);
+  const int width = connected_ ? display_.Width() : 0;
+  window_ = width > 0 ? cursorCell_ / width * width : 0;
+  Refresh();
+}
+
+int BraillePresenter::KeyDescriptor() const { return connected_ ? display_.KeyDescriptor() : -1; }
+
+bool BraillePresenter::ReadKey(uint64_t& key) {
+  if (!connected_) return false;
+  std::string why;
+  const int got = display_.ReadKey(key, why);
+  if (got < 0) Lose(why);
+  return got > 0;
+}
+
+bool BraillePresenter::Pan(int direction) {
+  const int width = connected_ ? display_.Width() : 0;
+  if (width <= 0) return false;
+  const int next = window_ + direction * width;
+  if (next < 0 || next >= static_cast<int>(cells_.size())) return false;
+  window_ = next;
+  Refresh();
+  return true;
+}
+
+int BraillePresenter::UnitAt(int cell) const {
+  const int target = window_ + cell;
+  // The cells grow with the units: the first unit whose cells reach past
+  // the target cell.
+  int low = 0, high = line_.GetLength();
+  while (low < high) {
+    const int middle = low + (high - low) / 2;
+    if (CellsBefore(middle + 1) > target) {
+      high = middle;
+    } else {
+      low = middle + 1;
+    }
+  }
+  return low;
+}
+
+void BraillePresenter::Release() {
+  if (connected_) display_.Release();
+}
+
+void BraillePresenter::Retake() {
+  if (!connected_) return;
+  std::string why;
+  if (!display_.Retake(why)) {
+    Lose(why);
+    return;
+  }
+  Refresh();
+}

@@ -1,0 +1,79 @@
+// The Braille line on a real display. Each line the controls show is
+// translated to kana Braille cells (the translator, reading/reading.h's
+// BrailleCells in the program) and written to the display, a window of its
+// width at a time: a line longer than the display is read by panning the
+// window along it, and the window goes where the edit field's cursor is.
+// Cursor-routing keys name a cell of the window; UnitAt gives the
+// character of the line under it, for the edit control.
+//
+// Without a display (BRLTTY not running) or once it is lost, the presenter
+// does nothing, and the terminal alone shows the line; that is told once,
+// as one line on `notices` (standard error).
+#ifndef BRAILLE_BRAILLE_PRESENTER_H_
+#define BRAILLE_BRAILLE_PRESENTER_H_
+
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "braille/braille_display.h"
+#include "controls/presenter.h"
+
+// Text to Unicode Braille cells, one unit a cell.
+using CellTranslator = std::function<std::u16string(std::u16string_view text)>;
+
+class BraillePresenter : public Presenter {
+ public:
+  // The display stays the caller's and must outlive the presenter.
+  BraillePresenter(BrailleDisplay& display, CellTranslator translate, FILE* notices);
+  BraillePresenter(const BraillePresenter&) = delete;
+  BraillePresenter& operator=(const BraillePresenter&) = delete;
+
+  // Opens the display; false, told, when there is none.
+  bool Start();
+  // True while the display is there to write to.
+  bool Connected() const { return connected_; }
+
+  void ShowBraille(const CString& line) override;
+  void ShowBrailleCursor(int position) override;
+  void Speak(const CString&, bool) override {}
+  void StopSpeech() override {}
+
+  // Readable when the display has a key; -1 without a display.
+  int KeyDescriptor() const;
+  // Takes a waiting key: true, with the key (brlapi_keycodes.h), when one
+  // came; false when none waits or the display is lost (told).
+  bool ReadKey(uint64_t& key);
+  // Moves the window a width back (-1) or on (+1); false at the line's end.
+  bool Pan(int direction);
+  // The unit of the line under cell `cell` of the window: the first unit
+  // whose cells reach past it, or the line's length behind its end.
+  int UnitAt(int cell) const;
+  // The cells of the line and the first one in the window, for the tests.
+  const std::u16string& Cells() const { return cells_; }
+  int WindowStart() const { return window_; }
+
+  // Gives the display back for a while (Ctrl-Z) and takes it again,
+  // showing the line anew.
+  void Release();
+  void Retake();
+
+ private:
+  // Cells that the first `units` units of the line make.
+  int CellsBefore(int units) const;
+  void Refresh();
+  void Lose(const std::string& why);
+
+  BrailleDisplay& display_;
+  CellTranslator translate_;
+  FILE* notices_;            // where a loss is told
+  bool connected_ = false;   // the display is open and ours
+  CString line_;             // the line shown
+  std::u16string cells_;     // its cells
+  int cursorCell_ = -1;      // the cell of the cursor in cells_, -1 none
+  int window_ = 0;           // the first cell of cells_ in the window
+};
+
+#endif  // BRAILLE_BRAILLE_PRESENTER_H_

@@ -1,0 +1,176 @@
+// The Braille line on a fake display: translated, cut to the window,
+// panned, the cursor shown where the edit field has it, routing keys read
+// back to units of the line, and a display that goes away.
+#include "braille/braille_presenter.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+// A display of `width` cells that keeps what was written, and fails from
+// the write numbered `failAt` on (0: never).
+class FakeDisplay : public BrailleDisplay {
+ public:
+  explicit FakeDisplay(int width, bool opens = true) : width_(width), opens_(opens) {}
+  const char* Name() const override { return "fake"; }
+  bool Open(std::string& why) override {
+    why = "no server";
+    return opens_;
+  }
+  int Width() const override { return width_; }
+  bool Write(const std::u16string& cells, int cursor, std::string& why) override {
+    if (failAt > 0 && static_cast<int>(written.size()) + 1 >= failAt) {
+      why = "gone";
+      return false;
+    }
+    written.push_back(cells.substr(0, static_cast<size_t>(width_)));
+    cursors.push_back(cursor);
+    return true;
+  }
+  int KeyDescriptor() const override { return -1; }
+  int ReadKey(uint64_t& key, std::string& why) override {
+    if (keys.empty()) {
+      why = "gone";
+      return keysLost ? -1 : 0;
+    }
+    key = keys.front();
+    keys.erase(keys.begin());
+    return 1;
+  }
+  void Release() override { written.push_back(u"(released)"); }
+  bool Retake(std::string&) override { return true; }
+
+  std::vector<std::u16string> written;  // each write, as many cells as fit
+  std::vector<int> cursors;             // the cursor of each write
+  std::vector<uint64_t> keys;           // keys to hand out
+  bool keysLost = false;                // no keys left means lost
+  int failAt = 0;                       // the first write that fails
+
+ private:
+  int width_;
+  bool opens_;
+};
+
+// A translation where a kanji makes two cells and anything else one.
+std::u16string Cells(std::u16string_view text) {
+  std::u16string cells;
+  for (char16_t unit : text) {
+    if (unit >= 0x4E00) {
+      cells += u"⠓⠁";
+    } else {
+      cells += static_cast<char16_t>(0x2800 + (unit & 0x3F));
+    }
+  }
+  return cells;
+}
+
+class Notices {
+ public:
+  Notices() : file_(std::tmpfile()) {}
+  ~Notices() { std::fclose(file_); }
+  FILE* File() { return file_; }
+  std::string Text() {
+    std::fflush(file_);
+    std::rewind(file_);
+    std::string text;
+    for (int ch; (ch = std::fgetc(file_)) != EOF;) text += static_cast<char>(ch);
+    return text;
+  }
+
+ private:
+  FILE* file_;
+};
+
+}  // namespace
+
+TEST(BraillePresenterTest, ShowsTheWindowPansAndFollowsTheCursor) {
+  FakeDisplay display(4);
+  Notices notices;
+  BraillePresenter braille(display, Cells, notices.File());
+  ASSERT_TRUE(braille.Start());
+  braille.ShowBraille(u"語ABCDEF");  // 8 cells
+  EXPECT_EQ(display.written.back(), u"⠓⠁⠁⠂");
+  EXPECT_EQ(display.cursors.back(), -1);
+  EXPECT_TRUE(braille.Pan(1));
+  EXPECT_EQ(display.written.back(), u"⠃⠄⠅⠆");
+  EXPECT_FALSE(braille.Pan(1));  // the line ends in this window
+  EXPECT_TRUE(braille.Pan(-1));
+  EXPECT_FALSE(braille.Pan(-1));
+  // The cursor before "E" (unit 5) is cell 6: in the second window.
+  braille.ShowBrailleCursor(5);
+  EXPECT_EQ(braille.WindowStart(), 4);
+  EXPECT_EQ(display.cursors.back(), 2);
+  // Behind the end of the line.
+  braille.ShowBrailleCursor(7);
+  EXPECT_EQ(display.written.back(), u"");
+  EXPECT_EQ(display.cursors.back(), 0);
+  // A new line starts at its beginning, without a cursor.
+  braille.ShowBraille(u"AB");
+  EXPECT_EQ(braille.WindowStart(), 0);
+  EXPECT_EQ(display.written.back(), u"⠁⠂");
+  EXPECT_EQ(notices.Text(), "");
+}
+
+TEST(BraillePresenterTest, RoutingKeysNameTheUnitUnderTheCell) {
+  FakeDisplay display(4);
+  Notices notices;
+  BraillePresenter braille(display, Cells, notices.File());
+  ASSERT_TRUE(braille.Start());
+  braille.ShowBraille(u"語ABCDEF");
+  EXPECT_EQ(braille.UnitAt(0), 0);  // both cells of the kanji
+  EXPECT_EQ(braille.UnitAt(1), 0);
+  EXPECT_EQ(braille.UnitAt(2), 1);
+  EXPECT_EQ(braille.UnitAt(3), 2);
+  ASSERT_TRUE(braille.Pan(1));
+  EXPECT_EQ(braille.UnitAt(0), 3);
+  EXPECT_EQ(braille.UnitAt(3), 6);
+  EXPECT_EQ(braille.UnitAt(39), 7);  // behind the end
+}
+
+TEST(BraillePresenterTest, WithoutADisplayOrOnceItIsLostItSaysSoOnceAndGoesOn) {
+  FakeDisplay none(4, false);
+  Notices notices;
+  BraillePresenter absent(none, Cells, notices.File());
+  EXPECT_FALSE(absent.Start());
+  absent.ShowBraille(u"AB");
+  EXPECT_TRUE(none.written.empty());
+  EXPECT_EQ(notices.Text(), "epwingdict: no Braille display: fake cannot be used (no server)\n");
+
+  FakeDisplay display(4);
+  display.failAt = 2;
+  Notices lost;
+  BraillePresenter braille(display, Cells, lost.File());
+  ASSERT_TRUE(braille.Start());
+  braille.ShowBraille(u"AB");
+  braille.ShowBraille(u"CD");
+  braille.ShowBraille(u"EF");
+  EXPECT_FALSE(braille.Connected());
+  EXPECT_EQ(display.written, std::vector<std::u16string>{u"⠁⠂"});
+  EXPECT_EQ(lost.Text(),
+            "epwingdict: the Braille display of fake was lost (gone); Braille goes on on the "
+            "terminal only\n");
+  uint64_t key = 0;
+  EXPECT_FALSE(braille.ReadKey(key));
+  EXPECT_EQ(braille.KeyDescriptor(), -1);
+}
+
+TEST(BraillePresenterTest, KeysComeUntilTheDisplayIsLost) {
+  FakeDisplay display(4);
+  display.keys = {7, 8};
+  display.keysLost = true;
+  Notices notices;
+  BraillePresenter braille(display, Cells, notices.File());
+  ASSERT_TRUE(braille.Start());
+  uint64_t key = 0;
+  ASSERT_TRUE(braille.ReadKey(key));
+  EXPECT_EQ(key, 7u);
+  ASSERT_TRUE(braille.ReadKey(key));
+  EXPECT_EQ(key, 8u);
+  EXPECT_FALSE(braille.ReadKey(key));
+  EXPECT_FALSE(braille.Connected());
+  EXPECT_NE(notices.Text().find("was lost (gone)"), std::string::npos);
+}

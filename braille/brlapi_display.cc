@@ -1,0 +1,125 @@
+#include "braille/brlapi_display.h"
+
+#include <brlapi.h>
+
+#include <string>
+
+namespace {
+
+// The library's words for the failure at hand.
+std::string LibraryError() { return brlapi_strerror(&brlapi_error); }
+
+// Errors the server sends on its own: the library's default handler ends
+// the program. Here they are left to the next call, which fails and tells.
+void KeepGoing(int, brlapi_packetType_t, const void*, size_t) {}
+
+// The UTF-8 bytes of UTF-16 units that are all in the Basic Multilingual
+// Plane, as Braille patterns are.
+std::string Utf8(const std::u16string& units) {
+  std::string bytes;
+  for (char16_t unit : units) {
+    if (unit < 0x80) {
+      bytes += static_cast<char>(unit);
+    } else if (unit < 0x800) {
+      bytes += static_cast<char>(0xC0 | (unit >> 6));
+      bytes += static_cast<char>(0x80 | (unit & 0x3F));
+    } else {
+      bytes += static_cast<char>(0xE0 | (unit >> 12));
+      bytes += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+      bytes += static_cast<char>(0x80 | (unit & 0x3F));
+    }
+  }
+  return bytes;
+}
+
+}  // namespace
+
+BrlapiDisplay::~BrlapiDisplay() {
+  if (descriptor_ < 0) return;
+  Release();
+  brlapi_closeConnection();
+}
+
+bool BrlapiDisplay::Lost(std::string& why) {
+  why = LibraryError();
+  if (descriptor_ >= 0) brlapi_closeConnection();
+  descriptor_ = -1;
+  taken_ = false;
+  return false;
+}
+
+bool BrlapiDisplay::Open(std::string& why) {
+  brlapi_setExceptionHandler(KeepGoing);
+  descriptor_ = brlapi_openConnection(nullptr, nullptr);
+  if (descriptor_ < 0) {
+    why = LibraryError();
+    descriptor_ = -1;
+    return false;
+  }
+  unsigned int x = 0, y = 0;
+  if (brlapi_getDisplaySize(&x, &y) < 0) return Lost(why);
+  if (x == 0) {
+    why = "the display has no cells";
+    brlapi_closeConnection();
+    descriptor_ = -1;
+    return false;
+  }
+  width_ = static_cast<int>(x);
+  return Take(why);
+}
+
+bool BrlapiDisplay::Take(std::string& why) {
+  if (brlapi_enterTtyMode(BRLAPI_TTY_DEFAULT, nullptr) < 0 &&
+      brlapi_enterTtyModeWithPath(nullptr, 0, nullptr) < 0)
+    return Lost(why);
+  taken_ = true;
+  return true;
+}
+
+bool BrlapiDisplay::Write(const std::u16string& cells, int cursor, std::string& why) {
+  if (!taken_) {
+    why = "the display is not ours";
+    return false;
+  }
+  std::u16string shown = cells.substr(0, static_cast<size_t>(width_));
+  shown.resize(static_cast<size_t>(width_), u'\u2800');
+  const std::string text = Utf8(shown);
+  brlapi_writeArguments_t arguments = BRLAPI_WRITEARGUMENTS_INITIALIZER;
+  arguments.regionBegin = 1;
+  arguments.regionSize = width_;
+  arguments.text = text.c_str();
+  arguments.textSize = static_cast<int>(text.size());
+  arguments.charset = "UTF-8";
+  arguments.cursor = cursor >= 0 && cursor < width_ ? cursor + 1 : BRLAPI_CURSOR_OFF;
+  if (brlapi_write(&arguments) < 0) return Lost(why);
+  return true;
+}
+
+int BrlapiDisplay::ReadKey(uint64_t& key, std::string& why) {
+  if (descriptor_ < 0) {
+    why = "not connected";
+    return -1;
+  }
+  brlapi_keyCode_t code = 0;
+  const int got = brlapi_readKey(0, &code);
+  if (got < 0) {
+    Lost(why);
+    return -1;
+  }
+  key = code;
+  return got;
+}
+
+void BrlapiDisplay::Release() {
+  if (!taken_) return;
+  brlapi_leaveTtyMode();
+  taken_ = false;
+}
+
+bool BrlapiDisplay::Retake(std::string& why) {
+  if (descriptor_ < 0) {
+    why = "not connected";
+    return false;
+  }
+  return taken_ || Take(why);
+}

@@ -1,0 +1,40 @@
+// The Braille display of BRLTTY, through BrlAPI. The server is the
+// library's default (BRLAPI_HOST, else the local one) with its usual key
+// (BRLAPI_AUTH). The reader takes the terminal it runs on (WINDOWID,
+// CONTROLVT or its own tty, as the library finds it), or the whole display
+// when it runs on none, and asks for keys as BRLTTY's commands.
+#ifndef BRAILLE_BRLAPI_DISPLAY_H_
+#define BRAILLE_BRLAPI_DISPLAY_H_
+
+#include "braille/braille_display.h"
+
+class BrlapiDisplay : public BrailleDisplay {
+ public:
+  BrlapiDisplay() = default;
+  BrlapiDisplay(const BrlapiDisplay&) = delete;
+  BrlapiDisplay& operator=(const BrlapiDisplay&) = delete;
+  // Gives the display back and closes the connection.
+  ~BrlapiDisplay() override;
+
+  const char* Name() const override { return "BRLTTY"; }
+  bool Open(std::string& why) override;
+  int Width() const override { return width_; }
+  bool Write(const std::u16string& cells, int cursor, std::string& why) override;
+  int KeyDescriptor() const override { return descriptor_; }
+  int ReadKey(uint64_t& key, std::string& why) override;
+  void Release() override;
+  bool Retake(std::string& why) override;
+
+ private:
+  // Takes the display: the terminal, or the whole of it.
+  bool Take(std::string& why);
+  // Closes what is left of a connection that failed; false, with the
+  // library's words for the failure in `why`.
+  bool Lost(std::string& why);
+
+  int descriptor_ = -1;  // the connection, -1 when there is none
+  int width_ = 0;        // cells across the display
+  bool taken_ = false;   // the display is ours (tty mode)
+};
+
+#endif  // BRAILLE_BRLAPI_DISPLAY_H_

@@ -1,0 +1,95 @@
+// Japanese Braille typed cell by cell: a table of words and the signs that
+// wait for their kana.
+#include "braille/kana_keyboard.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+namespace {
+
+// Types the cells of `cells`, written as dot numbers between blanks
+// ("136 13"), on a fresh keyboard.
+std::u16string TypeCells(const std::string& cells) {
+  KanaKeyboard keyboard;
+  std::u16string typed;
+  std::istringstream words(cells);
+  for (std::string word; words >> word;) {
+    uint8_t dots = 0;
+    EXPECT_TRUE(ParseDots(word, dots)) << word;
+    typed += keyboard.Type(dots);
+  }
+  return typed;
+}
+
+struct Typed {
+  const char* cells;        // dot numbers of each cell
+  const char16_t* text;     // what they type
+};
+
+}  // namespace
+
+TEST(KanaKeyboardTest, WordsInJapaneseBraille) {
+  const Typed kWords[] = {
+      // plain kana, one cell each
+      {"136 13", u"はな"},
+      {"1 12 14 124 24", u"あいうえお"},
+      {"1346 1246 1236 1456", u"ふけひす"},
+      {"34 346 345 3 35 356", u"やゆよわをん"},
+      {"15 125 145 1245 245", u"らりるれろ"},
+      {"1356 12356 13456 123456 23456", u"まみむめも"},
+      // っ and ー
+      {"16 2 246 25", u"かっこー"},
+      // voiced and semi-voiced signs
+      {"5 16 5 1256 5 1345 5 12345 5 2346", u"がじづでぼ"},
+      {"6 136 6 1346 6 2346", u"ぱぷぽ"},
+      {"5 14", u"ゔ"},
+      // contracted sounds: the a, u, o kana of the row behind the sign
+      {"4 16 4 1456 4 2345", u"きゃしゅちょ"},
+      {"4 13 4 136 4 1356 4 15", u"にゃひゃみゃりゃ"},
+      {"45 16 45 2456 45 2346", u"ぎゃじょびょ"},
+      {"46 136 46 1346", u"ぴゃぴゅ"},
+      {"2345 25 4 246 25", u"とーきょー"},
+      // numbers, and what ends them
+      {"3456 1 12 14", u"123"},
+      {"3456 245 2 124", u"0.6"},
+      {"3456 1 3 245 245 245", u"1,000"},
+      {"3456 12 36 1", u"2あ"},
+      {"3456 14 0 1", u"3 あ"},
+      {"3456 1 136", u"1は"},
+      // punctuation and blanks
+      {"136 13 256", u"はな。"},
+      {"1 56 12 26 235", u"あ、い？！"},
+      {"136 0 13", u"は な"},
+  };
+  for (const Typed& word : kWords) EXPECT_EQ(TypeCells(word.cells), word.text) << word.cells;
+}
+
+TEST(KanaKeyboardTest, SignsWaitForTheirKanaAndGoWhenTheyCannotBeUsed) {
+  KanaKeyboard keyboard;
+  EXPECT_EQ(keyboard.Type(0x10), u"");     // ⠐ waits
+  EXPECT_EQ(keyboard.Type(0x25), u"ば");   // ⠥ は
+  EXPECT_EQ(keyboard.Type(0x10), u"");
+  keyboard.Reset();                         // another key came between
+  EXPECT_EQ(keyboard.Type(0x25), u"は");
+  // A sign with a kana it does not go with is dropped.
+  EXPECT_EQ(TypeCells("5 13"), u"な");
+  EXPECT_EQ(TypeCells("6 16"), u"か");
+  EXPECT_EQ(TypeCells("4 1"), u"あ");
+  EXPECT_EQ(TypeCells("45 13"), u"な");
+  // Cells that mean nothing type nothing; dots 7 and 8 are no kana.
+  EXPECT_EQ(TypeCells("1236 7 8 1"), u"ひあ");
+  EXPECT_EQ(TypeCells("3456 7 1"), u"あ");
+}
+
+TEST(KanaKeyboardTest, DotNumbersAreParsedStrictly) {
+  uint8_t dots = 0;
+  EXPECT_TRUE(ParseDots("136", dots));
+  EXPECT_EQ(dots, 0x25);
+  EXPECT_TRUE(ParseDots("0", dots));
+  EXPECT_EQ(dots, 0);
+  EXPECT_TRUE(ParseDots("87654321", dots));
+  EXPECT_EQ(dots, 0xFF);
+  for (const char* bad : {"", "9", "11", "1a", "01", "-1"}) EXPECT_FALSE(ParseDots(bad, dots)) << bad;
+}
