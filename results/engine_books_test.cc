@@ -66,6 +66,7 @@ TEST_F(LookupTest, HitCandidatesAndMissingFolder) {
   ASSERT_EQ(Lookup(u"\\SD\\dict", u"山"), 0);
   ASSERT_EQ(articles_.size(), 1u);
   EXPECT_EQ(articles_[0].head, CString(u"山"));
+  EXPECT_EQ(articles_[0].body, CString(u"山"));  // the engine's end marker is known and dropped
   ASSERT_EQ(candidates_.size(), 3u);
   EXPECT_EQ(candidates_[0].body, CString(u"山川"));
   EXPECT_EQ(candidates_[2].body, CString(u"日"));

@@ -99,6 +99,8 @@ void show_article(int32_t text, int32_t resume) {
 
 // The list of following head words that ends a search without a hit.
 void show_candidates(int32_t head) {
+  // The application reads the candidates behind this line
+  // (results/work_file_parser.cc); results/engine_books_test.cc ties them.
   fputs("<項目一覧>\n", engine.output);
   cdseek(head, 0);
   cdtext(engine.lines);
