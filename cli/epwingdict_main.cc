@@ -25,6 +25,9 @@
 #include "taskman/task_script.h"
 #include "taskman/keyboard_map.h"
 #include "taskman/terminal_keys.h"
+#include "braille/braille_presenter.h"
+#include "braille/brlapi_display.h"
+#include "reading/reading.h"
 #include "speech/espeak_channel.h"
 #include "speech/speech_presenter.h"
 #include "speech/speechd_channel.h"
@@ -40,7 +43,7 @@ namespace {
 const char kUsage[] =
     "usage: epwingdict [--keys FILE|-] [--transcript FILE] [--card DIR] [--books DIR]...\n"
     "                  [--home DIR] [--speech speechd|espeak|none] [--show text|dots|transcript]\n"
-    "                  [--dots] [--readings]\n"
+    "                  [--dots] [--readings] [--braille brlapi|none]\n"
     "\n"
     "The Japanese dictionary reader, with the keyboard standing in for the Braille\n"
     "keyboard. What the Braille display shows and what is spoken come out as\n"
@@ -81,7 +84,11 @@ const char kUsage[] =
     "                    library (voice ja); none: no speech. A speech output\n"
     "                    that fails is told once on standard error. Default:\n"
     "                    speechd at the keyboard, none with --keys; speech is\n"
-    "                    given the katakana reading of each text\n";
+    "                    given the katakana reading of each text\n"
+    "  --braille MODE    brlapi: the Braille line also goes to BRLTTY's display, as\n"
+    "                    Japanese Braille cells (a display that cannot be used\n"
+    "                    is told once on standard error); none: the terminal only.\n"
+    "                    Default: brlapi at the keyboard, none with --keys\n";
 
 const char kKeyboardHeading[] =
     "\n"
@@ -93,6 +100,7 @@ struct Options {
   std::string card;        // host folder of "\SD"
   std::string home;        // host folder of the program's folder
   std::string speech;      // "speechd", "espeak", "none", or empty for the default
+  std::string braille;     // "brlapi", "none", or empty for the default
   std::vector<std::string> books;  // folders mounted on the card (--books)
   ConsoleOptions console;  // --show, --dots, --readings
 };
@@ -133,6 +141,7 @@ int ReadOptions(int argc, char** argv, Options& options) {
                           : option == "--card"       ? &options.card
                           : option == "--home"       ? &options.home
                           : option == "--speech"     ? &options.speech
+                          : option == "--braille"    ? &options.braille
                                                      : nullptr;
     if (target == nullptr) return Fail("unknown option '" + option + "'");
     if (i + 1 >= argc || argv[i + 1][0] == '\0') return Fail(option + " needs a value");
@@ -141,6 +150,8 @@ int ReadOptions(int argc, char** argv, Options& options) {
   if (!options.speech.empty() && options.speech != "speechd" && options.speech != "espeak" &&
       options.speech != "none")
     return Fail("--speech takes speechd, espeak or none, not '" + options.speech + "'");
+  if (!options.braille.empty() && options.braille != "brlapi" && options.braille != "none")
+    return Fail("--braille takes brlapi or none, not '" + options.braille + "'");
   if (options.keys.empty() && !isatty(STDIN_FILENO))
     return Fail("standard input is not a terminal: give a key script with --keys");
   return 0;
@@ -190,7 +201,11 @@ int main(int argc, char** argv) {
   // one is asked for, gets them too.
   const bool interactive = options.keys.empty();
   ConsoleLines lines(console, transcriptFile, options.console, interactive);
-  Presenter& shown = lines.presenter();
+  BrlapiDisplay display;
+  BraillePresenter braille(display, BrailleCells, stderr);
+  if (options.braille == "brlapi" || (options.braille.empty() && interactive)) braille.Start();
+  PresenterPair onDisplay(lines.presenter(), braille);
+  Presenter& shown = onDisplay;
   // A speech server that goes away must not end the reader by SIGPIPE.
   signal(SIGPIPE, SIG_IGN);
   SpeechdChannel speechd;
