@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "testing/notice_stream.h"
+
 namespace {
 
 // A display of `width` cells that keeps what was written, and fails from
@@ -67,23 +69,6 @@ std::u16string Cells(std::u16string_view text) {
   }
   return cells;
 }
-
-class Notices {
- public:
-  Notices() : file_(std::tmpfile()) {}
-  ~Notices() { std::fclose(file_); }
-  FILE* File() { return file_; }
-  std::string Text() {
-    std::fflush(file_);
-    std::rewind(file_);
-    std::string text;
-    for (int ch; (ch = std::fgetc(file_)) != EOF;) text += static_cast<char>(ch);
-    return text;
-  }
-
- private:
-  FILE* file_;
-};
 
 }  // namespace
 

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "testing/notice_stream.h"
+
 namespace {
 
 // A channel that speaks into a list, fails to open when told, and is lost
@@ -47,24 +49,6 @@ class FakeChannel : public SpeechChannel {
   const char* name_;
   bool opens_;
   int callsLeft_;
-};
-
-// What the presenter told on its notice stream.
-class Notices {
- public:
-  Notices() : file_(std::tmpfile()) {}
-  ~Notices() { std::fclose(file_); }
-  FILE* File() { return file_; }
-  std::string Text() {
-    std::fflush(file_);
-    std::rewind(file_);
-    std::string text;
-    for (int ch; (ch = std::fgetc(file_)) != EOF;) text += static_cast<char>(ch);
-    return text;
-  }
-
- private:
-  FILE* file_;
 };
 
 using Said = std::vector<std::string>;
