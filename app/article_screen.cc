@@ -24,7 +24,7 @@ int CMainFrame::ArticleScreenKey(uint32_t key, long) {
     OpenMainMenu();
     return 1;
   }
-  if (key == KEY_EXIT || key == KEY_BACK) {
+  if (key == CK_EXIT || key == CK_BACK) {
     LeaveArticleScreen();
     return 1;
   }
@@ -32,7 +32,7 @@ int CMainFrame::ArticleScreenKey(uint32_t key, long) {
     MoveFocus(RingNeighbour(kArticleRing, focus, step));
     return 1;
   }
-  if (key != KEY_ENTER) return 0;
+  if (key != CK_ENTER) return 0;
   if (focus == FOCUS_EDIT_ARTICLE) {
     NotifyBeep(BEEP_CODE);  // the text can't be activated
     return 1;

@@ -30,7 +30,7 @@ void CMainFrame::LeaveDictionaryScreen() {
 }
 
 int CMainFrame::DictionaryScreenKey(uint32_t key, long) {
-  if (key == KEY_EXIT || key == KEY_BACK) {
+  if (key == CK_EXIT || key == CK_BACK) {
     LeaveDictionaryScreen();
     return 1;
   }
@@ -38,7 +38,7 @@ int CMainFrame::DictionaryScreenKey(uint32_t key, long) {
     MoveFocus(RingNeighbour(kDictionaryRing, focus, step));
     return 1;
   }
-  if (key != KEY_ENTER) return 0;
+  if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_DICT_LIST:
       NotifyBeep(BEEP_CODE);
@@ -72,12 +72,12 @@ void CMainFrame::AskToDeleteDictionary() {
 }
 
 // Every key while the prompt is open. Only a prompt that closed with yes,
-// by a key other than KEY_BACK and KEY_EXIT, deletes; the focus stays on
+// by a key other than CK_BACK and CK_EXIT, deletes; the focus stays on
 // the delete button.
 unsigned CMainFrame::HandlePromptKey(uint32_t key, long lParam) {
   const unsigned open = promptCtrl->OnBrailleKey(key, lParam);
   if (screen != SCREEN_DICTIONARIES || focus != FOCUS_BTN_DELETE || open != 0) return open;
-  if (key != KEY_BACK && key != KEY_EXIT && promptCtrl->GetSelectKey() == KEY_YES) {
+  if (key != CK_BACK && key != CK_EXIT && promptCtrl->GetSelectKey() == CK_YES) {
     int32_t& selected = listState[FOCUS_DICT_LIST].selection;
     if (DeleteRegisteredDictionary(DictionaryList, builtinCount, selected, selected))
       Announce(u"削除しました", -1, -1, 1);

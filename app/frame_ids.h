@@ -1,10 +1,12 @@
 // The numbers the frame and its screens share: routing levels, screens,
-// focus ids and the key codes that the handlers compare. Every key not
-// named here passes to the focused control.
+// focus ids and the frame's own key codes. Every key the frame does not
+// take passes to the focused control.
 #ifndef APP_FRAME_IDS_H_
 #define APP_FRAME_IDS_H_
 
 #include <cstdint>
+
+#include "controls/control_keys.h"
 
 // Routing level: who gets a Braille key first.
 constexpr int32_t MODE_MENU = 0;    // the menu is open
@@ -51,20 +53,15 @@ constexpr int32_t LAST_EDIT_FOCUS = FOCUS_EDIT_ARTICLE;
 constexpr int32_t BUTTON_COUNT = LAST_BUTTON_FOCUS - FIRST_BUTTON_FOCUS + 1;
 constexpr int32_t LIST_STATE_COUNT = LAST_LIST_FOCUS - FIRST_LIST_FOCUS + 1;
 
-constexpr uint32_t KEY_OPTION_VALUE = 16;      // settings: next value of the option
-constexpr uint32_t KEY_OPTION_UP = 24;         // settings: previous option
-constexpr uint32_t KEY_OPTION_UP_ALT = 8192;   // the same
-constexpr uint32_t KEY_PREV_CTRL = 28;         // previous control of the screen
-constexpr uint32_t KEY_EDIT_POPUP = 41;        // on a field: the edit control's sub-state
-constexpr uint32_t KEY_OPTION_DOWN = 48;       // settings: next option
-constexpr uint32_t KEY_OPTION_DOWN_ALT = 16384;  // the same
-constexpr uint32_t KEY_MENU = 58;              // opens the menu on screens 0 to 2
-constexpr uint32_t KEY_BACK = 88;              // leaves a screen, menu, prompt or sub-state
-constexpr uint32_t KEY_EDIT_CLOSE = 106;       // ends the edit sub-state
-constexpr uint32_t KEY_NEXT_CTRL = 112;        // next control of the screen
-constexpr uint32_t KEY_EXIT = 218;             // screen 0: closes the application; else as 88
-constexpr uint32_t KEY_YES = 234;              // the prompt's yes; ends the edit sub-state
-constexpr uint32_t KEY_ENTER = 256;            // activates the focused control
+// The frame's own keys, which no control interprets. The codes the
+// controls interpret (controls/control_keys.h) the frame compares by the
+// controls' names: CK_ENTER activates, CK_BACK and CK_EXIT leave (CK_EXIT on
+// screen 0 closes the application), CK_POPUP and CK_POPUP_CLOSE open and
+// end the edit control's sub-state, CK_PREV and CK_NEXT move between the
+// options of the settings screen and CK_NEXT_VALUE steps an option's value.
+constexpr uint32_t KEY_PREV_CTRL = 28;   // previous control of the screen
+constexpr uint32_t KEY_MENU = 58;        // opens the menu on screens 0 to 2
+constexpr uint32_t KEY_NEXT_CTRL = 112;  // next control of the screen
 
 // The code of every beep the screens ask for.
 constexpr int BEEP_CODE = 32;

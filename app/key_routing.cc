@@ -7,7 +7,7 @@ namespace {
 
 // The keys on which the edit control leaves the sub-state of key 41.
 bool EndsEditPopup(uint32_t key) {
-  return key == KEY_ENTER || key == KEY_YES || key == KEY_EDIT_CLOSE || key == KEY_BACK;
+  return key == CK_ENTER || key == CK_YES || key == CK_POPUP_CLOSE || key == CK_BACK;
 }
 
 bool IsListFocus(int32_t id) { return id >= FIRST_LIST_FOCUS && id <= LAST_LIST_FOCUS; }
@@ -34,7 +34,7 @@ void CMainFrame::OnBrailleKeyMessage(uint32_t key, long lParam) {
 
 void CMainFrame::HandleScreenKey(uint32_t key, long lParam) {
   if (editPopup != 0) {
-    if (key == KEY_EXIT) key = KEY_EDIT_CLOSE;
+    if (key == CK_EXIT) key = CK_POPUP_CLOSE;
     if (EndsEditPopup(key)) editPopup = 0;
     editCtrl->OnBrailleKey(key, lParam);
     return;
@@ -47,7 +47,7 @@ void CMainFrame::HandleScreenKey(uint32_t key, long lParam) {
   } else if (CVekButtonCtrl* button = ButtonOf(focus)) {
     button->OnBrailleKeyProc(key, lParam);
   } else if (IsEditFocus(focus)) {
-    if (key == KEY_EDIT_POPUP) editPopup = 1;
+    if (key == CK_POPUP) editPopup = 1;
     editCtrl->OnBrailleKey(key, lParam);
   }
 }

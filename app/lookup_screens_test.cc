@@ -64,18 +64,18 @@ TEST_F(FakeBooksFrameTest, LookupScreenRingsWrapBothWays) {
 TEST_F(FakeBooksFrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTheFolderHasGone) {
   Start();
   CMainFrame& f = frame();
-  f.HandleScreenKey(KEY_ENTER, 0);  // on the dictionary list: nothing, not passed on
+  f.HandleScreenKey(CK_ENTER, 0);  // on the dictionary list: nothing, not passed on
   EXPECT_TRUE(log.empty());
-  f.HandleScreenKey(KEY_BACK, 0);   // no back key here
+  f.HandleScreenKey(CK_BACK, 0);   // no back key here
   EXPECT_EQ(log, CallLog{"list.OnBrailleKeyProc(88)"});
 
   f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
   f.editCtrl->SetText(u"はな", 0);
-  f.HandleScreenKey(KEY_ENTER, 0);  // no dictionary at all
+  f.HandleScreenKey(CK_ENTER, 0);  // no dictionary at all
   EXPECT_EQ(f.searchWord, CString(u"はな"));
   f.DictionaryList.push_back({u"gone", u"\\SD\\gone", 0});
   f.editCtrl->SetText(u"", 0);
-  f.HandleScreenKey(KEY_ENTER, 0);  // no word
+  f.HandleScreenKey(CK_ENTER, 0);  // no word
   EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\nBEEP 32\n");
   EXPECT_FALSE(Logged(log, "edit.PlayTts(検索開始)"));
 
@@ -83,7 +83,7 @@ TEST_F(FakeBooksFrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTh
   log.clear();
   f.ArticleList = {{u"古い", u"記事"}};
   f.editCtrl->SetText(u"  ", 0);
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   const auto said = std::find(log.begin(), log.end(), "edit.PlayTts(検索開始)");
   EXPECT_NE(std::find(said, log.end(), "edit.PlayTts(辞書が見つかりませんでした)"), log.end());
   EXPECT_EQ(log.back(), "edit.SetFocus(検索ワード:,1)");
@@ -92,7 +92,7 @@ TEST_F(FakeBooksFrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTh
 
   // The manage button opens the dictionary screen on its list.
   f.screenFocus[SCREEN_SEARCH] = FOCUS_BTN_MANAGE;
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
   EXPECT_EQ(f.screenFocus[SCREEN_DICTIONARIES], FOCUS_DICT_LIST);
 }
@@ -105,36 +105,36 @@ TEST_F(FakeBooksFrameTest, ResultAndArticleScreensOpenLeaveAndRefuse) {
   f.screen = SCREEN_RESULTS;
   f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_OPEN;
   f.ArticleList = {{u"いぬ【犬】", u"いぬ【犬】\r\n動物。"}};
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_EQ(f.articleText, CString(u"いぬ【犬】\r\n動物。"));
   EXPECT_EQ(f.screen, SCREEN_ARTICLE);
   EXPECT_EQ(f.focus, FOCUS_EDIT_ARTICLE);
-  f.HandleScreenKey(KEY_ENTER, 0);  // the text can't be activated
+  f.HandleScreenKey(CK_ENTER, 0);  // the text can't be activated
   EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\n");
-  f.HandleScreenKey(KEY_BACK, 0);
+  f.HandleScreenKey(CK_BACK, 0);
   EXPECT_EQ(f.screen, SCREEN_RESULTS);
   EXPECT_EQ(f.focus, FOCUS_BTN_OPEN);
 
   // No article: the button again, no beep. No candidate: a beep.
   f.ArticleList.clear();
   log.clear();
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_EQ(log, CallLog{"openButton.DisplayItem(1)"});
   f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_SEARCH;
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\nBEEP 32\n");
 
   // A candidate in a dictionary that has gone: said, the screen stays
   // with both lists empty, the word untouched.
   f.searchWord = u"いぬ";
   f.CandidateList = {{u"いぬ【犬】", u"いぬ"}};
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_TRUE(Logged(log, "edit.PlayTts(辞書が見つかりませんでした)"));
   EXPECT_EQ(f.screen, SCREEN_RESULTS);
   EXPECT_TRUE(f.CandidateList.empty());
   EXPECT_EQ(f.searchWord, CString(u"いぬ"));
 
-  f.HandleScreenKey(KEY_EXIT, 0);  // back to the focus the search screen had
+  f.HandleScreenKey(CK_EXIT, 0);  // back to the focus the search screen had
   EXPECT_EQ(f.screen, SCREEN_SEARCH);
   EXPECT_EQ(f.focus, FOCUS_BTN_SEARCH);
 }
@@ -154,30 +154,30 @@ TEST_F(FakeBooksFrameTest, MenuEntriesFollowTheScreenAndItsChoicesMove) {
   f.HandleScreenKey(KEY_MENU, 0);
   EXPECT_EQ(log, build(MENU_TO_DICTIONARIES, 104));
   EXPECT_EQ(f.routingMode, MODE_MENU);
-  f.OnBrailleKeyMessage(KEY_EXIT, 0);
+  f.OnBrailleKeyMessage(CK_EXIT, 0);
   EXPECT_EQ(f.routingMode, MODE_SCREEN);
 
-  // Over the article; closing with KEY_BACK sets the field up anew.
+  // Over the article; closing with CK_BACK sets the field up anew.
   f.screen = SCREEN_ARTICLE;
   f.screenFocus[SCREEN_ARTICLE] = FOCUS_EDIT_ARTICLE;
   f.articleText = u"本文";
   log.clear();
   f.HandleScreenKey(KEY_MENU, 0);
   EXPECT_EQ(log, build(MENU_TO_SEARCH, 44));
-  f.OnBrailleKeyMessage(KEY_BACK, 0);
+  f.OnBrailleKeyMessage(CK_BACK, 0);
   EXPECT_TRUE(Logged(log, "edit.SetText(本文,0)"));
   EXPECT_EQ(f.screen, SCREEN_ARTICLE);
 
   // MENU_TO_SEARCH lands on the dictionary list, whatever was remembered.
   f.screenFocus[SCREEN_SEARCH] = FOCUS_BTN_CLOSE;
-  for (uint32_t key : {KEY_MENU, 48u, KEY_ENTER, KEY_ENTER}) f.OnBrailleKeyMessage(key, 0);
+  for (uint32_t key : {KEY_MENU, 48u, CK_ENTER, CK_ENTER}) f.OnBrailleKeyMessage(key, 0);
   EXPECT_EQ(f.screen, SCREEN_SEARCH);
   EXPECT_EQ(f.focus, FOCUS_DICT_LIST);
   EXPECT_EQ(f.screenFocus[SCREEN_SEARCH], FOCUS_DICT_LIST);
 
   // MENU_TO_SETTINGS renders the settings screen once.
   log.clear();
-  for (uint32_t key : {KEY_MENU, 24u, KEY_ENTER, KEY_ENTER}) f.OnBrailleKeyMessage(key, 0);
+  for (uint32_t key : {KEY_MENU, 24u, CK_ENTER, CK_ENTER}) f.OnBrailleKeyMessage(key, 0);
   EXPECT_EQ(f.screen, SCREEN_SETTINGS);
   EXPECT_EQ(f.returnScreen, SCREEN_SEARCH);
   EXPECT_EQ(std::count(log.begin(), log.end(), "list.SetLabel(外字の置換:)"), 1);
@@ -187,7 +187,7 @@ TEST_F(FakeBooksFrameTest, MenuEntriesFollowTheScreenAndItsChoicesMove) {
   f.screenFocus[SCREEN_RESULTS] = FOCUS_RESULT_LIST;
   f.HandleScreenKey(KEY_MENU, 0);
   log.clear();
-  for (uint32_t key : {KEY_ENTER, KEY_ENTER}) f.OnBrailleKeyMessage(key, 0);
+  for (uint32_t key : {CK_ENTER, CK_ENTER}) f.OnBrailleKeyMessage(key, 0);
   EXPECT_TRUE(log.empty());
   Drain();
   EXPECT_TRUE(taskManager.AppEnded());
@@ -207,7 +207,7 @@ TEST_F(FakeBooksFrameTest, AFoundWordOpensResultsCandidatesAndArticles) {
 
   f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
   f.editCtrl->SetText(u"いぬ", 0);
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_EQ(books.lookups, 1);
   EXPECT_EQ(f.screen, SCREEN_RESULTS);
   EXPECT_EQ(f.focus, FOCUS_RESULT_LIST);
@@ -216,14 +216,14 @@ TEST_F(FakeBooksFrameTest, AFoundWordOpensResultsCandidatesAndArticles) {
   // The candidate is a new lookup with its key.
   f.screenFocus[SCREEN_RESULTS] = FOCUS_CANDIDATE_LIST;
   f.listState[FOCUS_CANDIDATE_LIST].selection = 0;
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_EQ(books.lookups, 2);
   ASSERT_EQ(f.ArticleList.size(), 1u);
   EXPECT_EQ(f.ArticleList[0].head, CString(u"いぬごや【犬小屋】"));
   EXPECT_TRUE(f.CandidateList.empty());
 
   f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_OPEN;
-  f.HandleScreenKey(KEY_ENTER, 0);
+  f.HandleScreenKey(CK_ENTER, 0);
   EXPECT_EQ(f.screen, SCREEN_ARTICLE);
   EXPECT_EQ(f.articleText, CString(u"いぬごや【犬小屋】\r\n犬の家。"));
   EXPECT_EQ(Transcript(), "STARTED\n");  // no beep on the way

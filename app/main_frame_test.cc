@@ -131,10 +131,10 @@ TEST_F(FrameTest, EditPopupHoldsEveryKeyUntilItEnds) {
   CMainFrame& f = frame();
   f.screen = SCREEN_SEARCH;
   f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
-  f.HandleScreenKey(KEY_EDIT_POPUP, 0);
+  f.HandleScreenKey(CK_POPUP, 0);
   EXPECT_EQ(f.editPopup, 1);
   f.HandleScreenKey(KEY_NEXT_CTRL, 0);  // no screen handler: the focus stays
-  f.HandleScreenKey(KEY_EXIT, 0);       // closes nothing: the edit control gets 106
+  f.HandleScreenKey(CK_EXIT, 0);       // closes nothing: the edit control gets 106
   EXPECT_EQ(f.editPopup, 0);
   EXPECT_EQ(f.focus, FOCUS_EDIT_WORD);
   EXPECT_EQ(log, (CallLog{"edit.OnBrailleKey(41)", "edit.OnBrailleKey(112)",
@@ -143,8 +143,8 @@ TEST_F(FrameTest, EditPopupHoldsEveryKeyUntilItEnds) {
   // Set on the read-only article as well; each ending key clears it.
   f.screen = SCREEN_ARTICLE;
   f.screenFocus[SCREEN_ARTICLE] = FOCUS_EDIT_ARTICLE;
-  for (uint32_t ending : {KEY_ENTER, KEY_YES, KEY_EDIT_CLOSE, KEY_BACK}) {
-    f.HandleScreenKey(KEY_EDIT_POPUP, 0);
+  for (uint32_t ending : {CK_ENTER, CK_YES, CK_POPUP_CLOSE, CK_BACK}) {
+    f.HandleScreenKey(CK_POPUP, 0);
     f.HandleScreenKey(48, 0);
     EXPECT_EQ(f.editPopup, 1);
     f.HandleScreenKey(ending, 0);
@@ -155,7 +155,7 @@ TEST_F(FrameTest, EditPopupHoldsEveryKeyUntilItEnds) {
 TEST_F(FrameTest, KeysNoScreenTakesReachTheFocusedControl) {
   Start();
   CMainFrame& f = frame();
-  f.HandleScreenKey(KEY_BACK, 0);  // no back key on the first screen
+  f.HandleScreenKey(CK_BACK, 0);  // no back key on the first screen
   f.screen = SCREEN_DICTIONARIES;
   f.screenFocus[SCREEN_DICTIONARIES] = FOCUS_BTN_ADD;
   f.HandleScreenKey(KEY_MENU, 0);  // no menu on screens 3 to 5
@@ -168,7 +168,7 @@ TEST_F(FrameTest, KeysNoScreenTakesReachTheFocusedControl) {
   f.routingMode = MODE_MENU;
   f.OnBrailleKeyMessage(48, 0);
   f.OnCursorKeyMessage(2, 0);
-  f.OnBrailleKeyMessage(KEY_BACK, 0);
+  f.OnBrailleKeyMessage(CK_BACK, 0);
   EXPECT_EQ(f.routingMode, MODE_SCREEN);
   f.routingMode = MODE_PROMPT;
   f.OnCursorKeyMessage(1, 0);

@@ -27,7 +27,7 @@ unsigned CMainFrame::HandleMenuKey(uint32_t key, long lParam) {
   routingMode = MODE_SCREEN;
   // 88 and 218 close the menu without a choice.
   const unsigned chosen =
-      key == KEY_BACK || key == KEY_EXIT ? 0 : static_cast<unsigned>(menuCtrl->GetSelectID());
+      key == CK_BACK || key == CK_EXIT ? 0 : static_cast<unsigned>(menuCtrl->GetSelectID());
   switch (chosen) {
     case MENU_CLOSE:
       PostMessage(GetSafeHwnd(), WM_CLOSE, 0, 0);

@@ -27,7 +27,7 @@ class ManageScreensTest : public FakeBooksFrameTest {
       answers.pop_front();
       return true;
     });
-    taskManager.DeliverKey(KEY_ENTER);
+    taskManager.DeliverKey(CK_ENTER);
     RunMessageLoop();
     SetMessageSource(nullptr);
   }
@@ -88,16 +88,16 @@ TEST_F(ManageScreensTest, AnEditedNameStaysWithItsBookAndBackLeavesTheFieldFirst
   Start();
   OnTwoBooks();
   CMainFrame& f = frame();
-  Key(KEY_ENTER);  // the name of the first book
+  Key(CK_ENTER);  // the name of the first book
   f.editCtrl->SetText(u"私の巻", 0);
-  Key(KEY_BACK);  // back to the list: the name is kept
+  Key(CK_BACK);  // back to the list: the name is kept
   EXPECT_EQ(f.focus, FOCUS_BOOK_LIST);
   EXPECT_EQ(f.BookTitleList[0], CString(u"私の巻"));
   Key(48);  // the second book, and its name
-  Key(KEY_ENTER);
+  Key(CK_ENTER);
   EXPECT_EQ(f.editCtrl->GetText(0), CString(u"二の巻"));
   f.editCtrl->SetText(u"", 0);
-  Key(KEY_ENTER);  // an empty name beeps and stays
+  Key(CK_ENTER);  // an empty name beeps and stays
   EXPECT_NE(Transcript().find("BEEP 32"), std::string::npos);
   EXPECT_EQ(f.focus, FOCUS_EDIT_NAME);
   Key(KEY_PREV_CTRL);
@@ -106,8 +106,8 @@ TEST_F(ManageScreensTest, AnEditedNameStaysWithItsBookAndBackLeavesTheFieldFirst
   Key(KEY_NEXT_CTRL);
   EXPECT_TRUE(Logged("edit.SetText(私の巻,0)"));
   const size_t before = f.DictionaryList.size();
-  Key(KEY_BACK);  // out of the field, then cancelled
-  Key(KEY_BACK);
+  Key(CK_BACK);  // out of the field, then cancelled
+  Key(CK_BACK);
   EXPECT_TRUE(Logged("edit.PlayTts(キャンセル)"));
   EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
   EXPECT_EQ(f.DictionaryList.size(), before);
@@ -119,25 +119,25 @@ TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameF
   f.screen = SCREEN_ARTICLE;
   f.screenFocus[SCREEN_ARTICLE] = FOCUS_BTN_CLOSE;
   f.OpenSettingsScreen();
-  Key(KEY_OPTION_UP);  // the first option: beep, no wrap
+  Key(CK_PREV);  // the first option: beep, no wrap
   EXPECT_NE(Transcript().find("BEEP 32"), std::string::npos);
   EXPECT_EQ(f.focus, FOCUS_OPT_GAIJI_REPLACE);
-  Key(KEY_OPTION_VALUE);  // the copy steps, the field doesn't
+  Key(CK_NEXT_VALUE);  // the copy steps, the field doesn't
   EXPECT_EQ(f.listState[FOCUS_OPT_GAIJI_REPLACE].selection, 0);
   EXPECT_EQ(f.options.gaijiReplace, 1);
-  Key(KEY_OPTION_DOWN);
-  Key(KEY_OPTION_DOWN);
-  Key(KEY_OPTION_VALUE);  // syllables on
+  Key(CK_NEXT);
+  Key(CK_NEXT);
+  Key(CK_NEXT_VALUE);  // syllables on
   Key(KEY_NEXT_CTRL);     // to "設定", remembering the syllables
   log.clear();
-  Key(KEY_OPTION_VALUE);  // goes to the button
+  Key(CK_NEXT_VALUE);  // goes to the button
   EXPECT_TRUE(Logged("applyButton.OnBrailleKeyProc(16)"));
   Key(KEY_PREV_CTRL);
   EXPECT_EQ(f.focus, FOCUS_OPT_SYLLABLE);
-  Key(KEY_OPTION_UP);
-  Key(KEY_OPTION_UP);
+  Key(CK_PREV);
+  Key(CK_PREV);
   EXPECT_TRUE(Logged("edit.SetText(置換しない,0)"));  // the stepped value is still shown
-  Key(KEY_ENTER);  // an option applies all four
+  Key(CK_ENTER);  // an option applies all four
   EXPECT_EQ(f.options.gaijiReplace, 0);
   EXPECT_EQ(f.options.syllableVisible, 1);
   EXPECT_EQ(f.screen, SCREEN_ARTICLE);
@@ -147,9 +147,9 @@ TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameF
   // Given up from the search screen: back there, nothing changed or said.
   f.screen = SCREEN_SEARCH;
   f.OpenSettingsScreen();
-  Key(KEY_OPTION_VALUE);
+  Key(CK_NEXT_VALUE);
   log.clear();
-  Key(KEY_BACK);
+  Key(CK_BACK);
   EXPECT_EQ(f.options.gaijiReplace, 0);
   EXPECT_EQ(f.screen, SCREEN_SEARCH);
   EXPECT_FALSE(std::any_of(log.begin(), log.end(),

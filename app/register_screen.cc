@@ -82,7 +82,7 @@ void CMainFrame::CancelRegistering() {
 }
 
 int CMainFrame::RegisterScreenKey(uint32_t key, long) {
-  if (key == KEY_EXIT || key == KEY_BACK) {
+  if (key == CK_EXIT || key == CK_BACK) {
     // In the name field the key only leaves the field; the name is kept.
     if (focus == FOCUS_EDIT_NAME)
       MoveFocus(FOCUS_BOOK_LIST);
@@ -96,7 +96,7 @@ int CMainFrame::RegisterScreenKey(uint32_t key, long) {
                             BookCandidateList.empty() ? FOCUS_BOOK_LIST : -1));
     return 1;
   }
-  if (key != KEY_ENTER) return 0;
+  if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_BOOK_LIST:
       MoveFocus(FOCUS_EDIT_NAME);

@@ -53,7 +53,7 @@ int CMainFrame::ResultScreenKey(uint32_t key, long) {
     OpenMainMenu();
     return 1;
   }
-  if (key == KEY_EXIT || key == KEY_BACK) {
+  if (key == CK_EXIT || key == CK_BACK) {
     LeaveResultScreen();
     return 1;
   }
@@ -61,7 +61,7 @@ int CMainFrame::ResultScreenKey(uint32_t key, long) {
     MoveFocus(RingNeighbour(kResultRing, focus, step));
     return 1;
   }
-  if (key != KEY_ENTER) return 0;
+  if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_RESULT_LIST:
     case FOCUS_BTN_OPEN:

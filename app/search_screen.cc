@@ -25,7 +25,7 @@ void CMainFrame::LookupTypedWord() {
 }
 
 int CMainFrame::SearchScreenKey(uint32_t key, long) {
-  if (key == KEY_EXIT) {
+  if (key == CK_EXIT) {
     PostMessage(GetSafeHwnd(), WM_CLOSE, 0, 0);
     return 1;
   }
@@ -38,7 +38,7 @@ int CMainFrame::SearchScreenKey(uint32_t key, long) {
     MoveFocus(RingNeighbour(kSearchRing, focus, step));
     return 1;
   }
-  if (key != KEY_ENTER) return 0;
+  if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_DICT_LIST:
       return 1;  // not passed on: the list has nothing to do with it

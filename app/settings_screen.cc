@@ -56,7 +56,7 @@ void CMainFrame::ApplySettings() {
 
 int CMainFrame::SettingsScreenKey(uint32_t key, long) {
   const bool atOption = IsOptionFocus(focus);
-  if (key == KEY_EXIT || key == KEY_BACK) {  // give up: nothing changes, nothing is said
+  if (key == CK_EXIT || key == CK_BACK) {  // give up: nothing changes, nothing is said
     SaveFocusState();
     LeaveSettingsScreen();
     RenderFocus();
@@ -76,15 +76,15 @@ int CMainFrame::SettingsScreenKey(uint32_t key, long) {
     MoveFocus(to);
     return 1;
   }
-  const bool down = key == KEY_OPTION_DOWN || key == KEY_OPTION_DOWN_ALT;
-  const bool up = key == KEY_OPTION_UP || key == KEY_OPTION_UP_ALT;
-  if (down || up || key == KEY_OPTION_VALUE) {
+  const bool down = IsNextKey(key);
+  const bool up = IsPrevKey(key);
+  if (down || up || key == CK_NEXT_VALUE) {
     // On a button these keys belong to the button.
     if (!atOption) {
       SaveFocusState();
       return 0;
     }
-    if (key == KEY_OPTION_VALUE) {
+    if (key == CK_NEXT_VALUE) {
       StepOptionValue();
       return 1;
     }
@@ -98,7 +98,7 @@ int CMainFrame::SettingsScreenKey(uint32_t key, long) {
     }
     return 1;
   }
-  if (key == KEY_ENTER) {
+  if (key == CK_ENTER) {
     if (focus == FOCUS_BTN_CANCEL) {
       SaveFocusState();
       LeaveSettingsScreen();

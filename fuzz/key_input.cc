@@ -101,7 +101,7 @@ std::string encode_key_input(const std::vector<TaskAction>& actions) {
         break;
       case TaskAction::kChoose:
         add_text(bytes, action.text);
-        add_key(bytes, KEY_ENTER);
+        add_key(bytes, CK_ENTER);
         break;
       case TaskAction::kCursor:
       case TaskAction::kMute:

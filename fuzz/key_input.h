@@ -37,7 +37,7 @@ constexpr int kFileOptionForms = 7;
 std::vector<TaskAction> decode_key_input(const uint8_t* data, size_t size,
                                          const std::string& folder = ".");
 // Bytes that decode to `actions`: a folder choice becomes its typed folder
-// and KEY_ENTER, typed text longer than 255 bytes is cut.
+// and CK_ENTER, typed text longer than 255 bytes is cut.
 std::string encode_key_input(const std::vector<TaskAction>& actions);
 
 #endif  // FUZZ_KEY_INPUT_H_

@@ -20,20 +20,20 @@ constexpr KeyPair kCommands[] = {
     {BRLAPI_KEY_CMD_CHRLT, CK_CHAR_LEFT},     {BRLAPI_KEY_CMD_CHRRT, CK_CHAR_RIGHT},
     {BRLAPI_KEY_CMD_LNBEG, CK_LINE_START},    {BRLAPI_KEY_CMD_LNEND, CK_LINE_END},
     {BRLAPI_KEY_CMD_TOP, CK_LINE_START},      {BRLAPI_KEY_CMD_BOT, CK_LINE_END},
-    {BRLAPI_KEY_CMD_PREFMENU, KEY_MENU},      {BRLAPI_KEY_CMD_HOME, KEY_EDIT_POPUP},
-    {BRLAPI_KEY_CMD_RETURN, KEY_BACK},        {BRLAPI_KEY_CMD_HELP, KEY_OPTION_VALUE},
+    {BRLAPI_KEY_CMD_PREFMENU, KEY_MENU},      {BRLAPI_KEY_CMD_HOME, CK_POPUP},
+    {BRLAPI_KEY_CMD_RETURN, CK_BACK},         {BRLAPI_KEY_CMD_HELP, CK_NEXT_VALUE},
 };
 
 // Keyboard symbols.
 constexpr KeyPair kSymbols[] = {
-    {BRLAPI_KEY_SYM_LINEFEED, KEY_ENTER},      {BRLAPI_KEY_SYM_ESCAPE, KEY_BACK},
+    {BRLAPI_KEY_SYM_LINEFEED, CK_ENTER},       {BRLAPI_KEY_SYM_ESCAPE, CK_BACK},
     {BRLAPI_KEY_SYM_TAB, KEY_NEXT_CTRL},       {BRLAPI_KEY_SYM_BACKSPACE, CK_BACKSPACE},
     {BRLAPI_KEY_SYM_DELETE, CK_DELETE},        {BRLAPI_KEY_SYM_UP, CK_PREV},
     {BRLAPI_KEY_SYM_DOWN, CK_NEXT},            {BRLAPI_KEY_SYM_LEFT, CK_CHAR_LEFT},
     {BRLAPI_KEY_SYM_RIGHT, CK_CHAR_RIGHT},     {BRLAPI_KEY_SYM_HOME, CK_LINE_START},
     {BRLAPI_KEY_SYM_END, CK_LINE_END},         {BRLAPI_KEY_SYM_PAGE_UP, CK_PREV_ALT},
     {BRLAPI_KEY_SYM_PAGE_DOWN, CK_NEXT_ALT},   {BRLAPI_KEY_SYM_FUNCTION + 1, KEY_MENU},
-    {BRLAPI_KEY_SYM_FUNCTION + 9, KEY_EXIT},
+    {BRLAPI_KEY_SYM_FUNCTION + 9, CK_EXIT},
 };
 
 constexpr uint32_t kDot7 = BRLAPI_DOT7;
@@ -60,7 +60,7 @@ CString Character(uint32_t code) {
 // note-taker without arrows.
 DisplayInput Dots(uint32_t dots) {
   if (dots == kDot7) return Key(CK_BACKSPACE);
-  if (dots == kDot8) return Key(KEY_ENTER);
+  if (dots == kDot8) return Key(CK_ENTER);
   if ((dots & kSpace) == 0) return {DisplayInput::kDots, dots & 0x3F};
   switch (dots & ~kSpace) {
     case 0: return {DisplayInput::kDots, 0};
@@ -71,12 +71,12 @@ DisplayInput Dots(uint32_t dots) {
     case BRLAPI_DOT4 | BRLAPI_DOT5: return Key(KEY_NEXT_CTRL);
     case BRLAPI_DOT1 | BRLAPI_DOT2: return Key(KEY_PREV_CTRL);
     case BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT4: return Key(KEY_MENU);
-    case BRLAPI_DOT1 | BRLAPI_DOT2 | BRLAPI_DOT5: return Key(KEY_BACK);
+    case BRLAPI_DOT1 | BRLAPI_DOT2 | BRLAPI_DOT5: return Key(CK_BACK);
     case BRLAPI_DOT1 | BRLAPI_DOT2 | BRLAPI_DOT3 | BRLAPI_DOT4 | BRLAPI_DOT5 | BRLAPI_DOT6:
-      return Key(KEY_EXIT);
-    case BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT4 | BRLAPI_DOT5 | BRLAPI_DOT6: return Key(KEY_YES);
-    case BRLAPI_DOT2 | BRLAPI_DOT3 | BRLAPI_DOT5: return Key(KEY_EDIT_POPUP);
-    case BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT6: return Key(KEY_OPTION_VALUE);
+      return Key(CK_EXIT);
+    case BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT4 | BRLAPI_DOT5 | BRLAPI_DOT6: return Key(CK_YES);
+    case BRLAPI_DOT2 | BRLAPI_DOT3 | BRLAPI_DOT5: return Key(CK_POPUP);
+    case BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT6: return Key(CK_NEXT_VALUE);
     case kDot7: return Key(CK_DELETE);
     default: return {};
   }

@@ -31,16 +31,16 @@ TEST(BrailleKeysTest, CommandsSymbolsAndChordsBecomeTheReadersKeys) {
   EXPECT_TRUE(Means(BRLAPI_KEY_TYPE_CMD | BRLAPI_KEY_CMD_FWINRT, DisplayInput::kPanRight, 0));
   EXPECT_TRUE(Means(BRLAPI_KEY_TYPE_CMD | BRLAPI_KEY_CMD_FWINLT, DisplayInput::kPanLeft, 0));
   EXPECT_TRUE(Means(BRLAPI_KEY_TYPE_CMD | BRLAPI_KEY_CMD_ROUTE | 7, DisplayInput::kRoute, 7));
-  EXPECT_TRUE(Means(BRLAPI_KEY_SYM_LINEFEED, DisplayInput::kKey, KEY_ENTER));
-  EXPECT_TRUE(Means(BRLAPI_KEY_SYM_ESCAPE, DisplayInput::kKey, KEY_BACK));
-  EXPECT_TRUE(Means(BRLAPI_KEY_SYM_FUNCTION + 9, DisplayInput::kKey, KEY_EXIT));
+  EXPECT_TRUE(Means(BRLAPI_KEY_SYM_LINEFEED, DisplayInput::kKey, CK_ENTER));
+  EXPECT_TRUE(Means(BRLAPI_KEY_SYM_ESCAPE, DisplayInput::kKey, CK_BACK));
+  EXPECT_TRUE(Means(BRLAPI_KEY_SYM_FUNCTION + 9, DisplayInput::kKey, CK_EXIT));
   // Modifier flags don't change the key.
   EXPECT_TRUE(Means(BRLAPI_KEY_FLG_SHIFT | BRLAPI_KEY_SYM_TAB, DisplayInput::kKey, KEY_NEXT_CTRL));
   // Cells typed, the blank, dots 7 and 8, chords of the space bar.
   EXPECT_TRUE(Means(Passdots(BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT6), DisplayInput::kDots, 0x25));
   EXPECT_TRUE(Means(Passdots(BRLAPI_DOTC), DisplayInput::kDots, 0));
   EXPECT_TRUE(Means(Passdots(BRLAPI_DOT7), DisplayInput::kKey, CK_BACKSPACE));
-  EXPECT_TRUE(Means(Passdots(BRLAPI_DOT8), DisplayInput::kKey, KEY_ENTER));
+  EXPECT_TRUE(Means(Passdots(BRLAPI_DOT8), DisplayInput::kKey, CK_ENTER));
   EXPECT_TRUE(Means(Passdots(BRLAPI_DOTC | BRLAPI_DOT4 | BRLAPI_DOT5), DisplayInput::kKey,
                     KEY_NEXT_CTRL));
   EXPECT_TRUE(Means(Passdots(BRLAPI_DOTC | BRLAPI_DOT1), DisplayInput::kKey, CK_PREV));

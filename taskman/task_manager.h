@@ -61,7 +61,7 @@ class CTaskManagerWnd : public CWnd {
 
   // Answers the open folder chooser as a user would: types `folder`
   // (relative to the folder in view, or a device name from "\"), then
-  // presses KEY_ENTER, which chooses it.
+  // presses CK_ENTER, which chooses it.
   void AnswerFolderChooser(const CString& folder);
 
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

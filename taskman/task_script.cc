@@ -13,14 +13,14 @@
 #include "platform/utf8_text.h"
 
 const KeyName kKeyNames[] = {
-    {"KEY_OPTION_VALUE", KEY_OPTION_VALUE}, {"KEY_OPTION_UP", KEY_OPTION_UP},
-    {"KEY_PREV_CTRL", KEY_PREV_CTRL},       {"KEY_EDIT_POPUP", KEY_EDIT_POPUP},
-    {"KEY_OPTION_DOWN", KEY_OPTION_DOWN},   {"KEY_MENU", KEY_MENU},
-    {"KEY_BACK", KEY_BACK},                 {"KEY_EDIT_CLOSE", KEY_EDIT_CLOSE},
-    {"KEY_NEXT_CTRL", KEY_NEXT_CTRL},       {"KEY_EXIT", KEY_EXIT},
-    {"KEY_YES", KEY_YES},                   {"KEY_ENTER", KEY_ENTER},
+    {"KEY_OPTION_VALUE", CK_NEXT_VALUE}, {"KEY_OPTION_UP", CK_PREV},
+    {"KEY_PREV_CTRL", KEY_PREV_CTRL},    {"KEY_EDIT_POPUP", CK_POPUP},
+    {"KEY_OPTION_DOWN", CK_NEXT},        {"KEY_MENU", KEY_MENU},
+    {"KEY_BACK", CK_BACK},               {"KEY_EDIT_CLOSE", CK_POPUP_CLOSE},
+    {"KEY_NEXT_CTRL", KEY_NEXT_CTRL},    {"KEY_EXIT", CK_EXIT},
+    {"KEY_YES", CK_YES},                 {"KEY_ENTER", CK_ENTER},
     // The controls' own keys that every control answers.
-    {"KEY_HELP", CK_HELP},                  {"KEY_POSITION", CK_POSITION},
+    {"KEY_HELP", CK_HELP},               {"KEY_POSITION", CK_POSITION},
 };
 const int kKeyNameCount = static_cast<int>(sizeof kKeyNames / sizeof kKeyNames[0]);
 

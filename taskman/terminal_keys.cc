@@ -30,9 +30,9 @@ struct ControlKey {
   KeyAction action;  // what it delivers
 };
 constexpr ControlKey kControlKeys[] = {
-    {'\t', Key(KEY_NEXT_CTRL)},    {'\r', Key(KEY_ENTER)},      {'\n', Key(KEY_ENTER)},
-    {'\x11', Key(KEY_EXIT)},       {'\x0f', Key(KEY_MENU)},     {'\x05', Key(KEY_EDIT_POPUP)},
-    {'\x17', Key(KEY_EDIT_CLOSE)}, {'\x19', Key(KEY_YES)},      {'\x16', Key(KEY_OPTION_VALUE)},
+    {'\t', Key(KEY_NEXT_CTRL)},    {'\r', Key(CK_ENTER)},       {'\n', Key(CK_ENTER)},
+    {'\x11', Key(CK_EXIT)},        {'\x0f', Key(KEY_MENU)},     {'\x05', Key(CK_POPUP)},
+    {'\x17', Key(CK_POPUP_CLOSE)}, {'\x19', Key(CK_YES)},       {'\x16', Key(CK_NEXT_VALUE)},
     {'\x7f', Key(CK_BACKSPACE)},   {'\x08', Key(CK_BACKSPACE)}, {'\x10', Key(CK_POSITION)},
     {'\x12', kReadAll},            {'\x14', kReadStop},
 };
@@ -47,8 +47,8 @@ constexpr EscapeKey kEscapeKeys[] = {
     {"[D", Key(CK_CHAR_LEFT)},   {"[H", Key(CK_LINE_START)},    {"[F", Key(CK_LINE_END)},
     {"OH", Key(CK_LINE_START)},  {"OF", Key(CK_LINE_END)},      {"[1~", Key(CK_LINE_START)},
     {"[4~", Key(CK_LINE_END)},   {"[3~", Key(CK_DELETE)},       {"[5~", Key(CK_PREV_ALT)},
-    {"[6~", Key(CK_NEXT_ALT)},   {"[Z", Key(KEY_PREV_CTRL)},    {"[21~", Key(KEY_EXIT)},
-    {"OQ", Key(KEY_MENU)},       {"[12~", Key(KEY_MENU)},       {"[15~", Key(KEY_OPTION_VALUE)},
+    {"[6~", Key(CK_NEXT_ALT)},   {"[Z", Key(KEY_PREV_CTRL)},    {"[21~", Key(CK_EXIT)},
+    {"OQ", Key(KEY_MENU)},       {"[12~", Key(KEY_MENU)},       {"[15~", Key(CK_NEXT_VALUE)},
     {"OA", Key(CK_PREV)},        {"OB", Key(CK_NEXT)},          {"OC", Key(CK_CHAR_RIGHT)},
     {"OD", Key(CK_CHAR_LEFT)},   {"OP", Key(CK_HELP)},          {"[11~", Key(CK_HELP)},
     {"OR", Key(CK_POSITION)},    {"[13~", Key(CK_POSITION)},    {"[17~", kReadAll},
@@ -205,7 +205,7 @@ int TerminalKeys::TakeEscape(TaskAction& action) {
   while (length == 0 && Fill(kEscapeWaitMs)) length = EscapeLength(pending_);
   action = TaskAction();
   if (length <= 1) {
-    action.number = KEY_BACK;
+    action.number = CK_BACK;
     pending_.erase(0, 1);
     return 1;
   }
