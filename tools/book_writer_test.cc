@@ -6,7 +6,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "engine/catalog.h"
 #include "testing/temp_tree.h"
 #include "tools/jis_text.h"
 
@@ -27,10 +26,6 @@ TEST(JisText, Conversions) {
   EXPECT_EQ(utf8_to_jis("A ~\""), "\x23\x41\x21\x21\x21\x41\x21\x49");  // full width
   EXPECT_THROW(utf8_to_jis("ｱ"), std::invalid_argument);  // half-width kana
   EXPECT_THROW(utf8_to_sjis("\xF0\x9F\x98\x80"), std::invalid_argument);
-  for (int code : {0x2121, 0x2422, 0x2560, 0x3021, 0x7E7E}) {
-    const int sjis = jis_to_sjis(code);
-    EXPECT_EQ(sjis_to_jis(sjis >> 8, sjis & 0xFF), code);
-  }
 }
 
 TEST(BookWriter, CatalogRecords) {

@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 
+#include "search/search_key.h"
+
 namespace {
 
 // ASCII in a JIS X 0208 text: the full-width form, U+FF01 + (c - 0x21),
@@ -61,21 +63,9 @@ std::string utf8_to_jis(std::string_view utf8) {
     if (!is_lead_byte(first) || i + 1 >= sjis.size()) {
       throw std::invalid_argument("no JIS X 0208 form for: " + std::string(utf8));
     }
-    const int code = sjis_to_jis(first, static_cast<unsigned char>(sjis[i + 1]));
+    const int code = sjis_to_jis(first << 8 | static_cast<unsigned char>(sjis[i + 1]));
     jis += static_cast<char>(code >> 8);
     jis += static_cast<char>(code & 0xFF);
   }
   return jis;
-}
-
-int sjis_to_jis(int first, int second) {
-  int high = (first - (first <= 0x9F ? 0x70 : 0xB0)) * 2;
-  int low;
-  if (second < 0x9F) {
-    high -= 1;
-    low = second - (second >= 0x80 ? 0x20 : 0x1F);
-  } else {
-    low = second - 0x7E;
-  }
-  return high << 8 | low;
 }

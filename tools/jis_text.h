@@ -16,8 +16,4 @@ std::string utf8_to_sjis(std::string_view utf8);
 // std::invalid_argument for a character outside JIS X 0208.
 std::string utf8_to_jis(std::string_view utf8);
 
-// The JIS X 0208 code of a two-byte Shift-JIS code; the inverse of the
-// engine's jis_to_sjis over the 94 x 94 set.
-int sjis_to_jis(int first, int second);
-
 #endif  // TOOLS_JIS_TEXT_H_
