@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "platform/utf8_text.h"
+
 namespace {
 
 // The library's words for the failure at hand.
@@ -12,25 +14,6 @@ std::string LibraryError() { return brlapi_strerror(&brlapi_error); }
 // Errors the server sends on its own: the library's default handler ends
 // the program. Here they are left to the next call, which fails and tells.
 void KeepGoing(int, brlapi_packetType_t, const void*, size_t) {}
-
-// The UTF-8 bytes of UTF-16 units that are all in the Basic Multilingual
-// Plane, as Braille patterns are.
-std::string Utf8(const std::u16string& units) {
-  std::string bytes;
-  for (char16_t unit : units) {
-    if (unit < 0x80) {
-      bytes += static_cast<char>(unit);
-    } else if (unit < 0x800) {
-      bytes += static_cast<char>(0xC0 | (unit >> 6));
-      bytes += static_cast<char>(0x80 | (unit & 0x3F));
-    } else {
-      bytes += static_cast<char>(0xE0 | (unit >> 12));
-      bytes += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
-      bytes += static_cast<char>(0x80 | (unit & 0x3F));
-    }
-  }
-  return bytes;
-}
 
 }  // namespace
 
@@ -83,7 +66,7 @@ bool BrlapiDisplay::Write(const std::u16string& cells, int cursor, std::string& 
   }
   std::u16string shown = cells.substr(0, static_cast<size_t>(width_));
   shown.resize(static_cast<size_t>(width_), u'\u2800');
-  const std::string text = Utf8(shown);
+  const std::string text = ToUtf8(std::u16string_view(shown));
   brlapi_writeArguments_t arguments = BRLAPI_WRITEARGUMENTS_INITIALIZER;
   arguments.regionBegin = 1;
   arguments.regionSize = width_;

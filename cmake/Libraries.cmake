@@ -2,7 +2,7 @@
 # each after its own `bookengine`.
 # mkbook's builder of books: the byte writers of catalogs, text files, index
 # trees and font areas, and the source and EDICT readers over them.
-subsystem_library(booktools FOLDERS tools DEPENDS bookengine)
+subsystem_library(booktools FOLDERS tools DEPENDS bookengine platform)
 # Test fixtures: the engine run with captured streams, scratch folders.
 # and a presenter that records what the controls present.
 subsystem_library(booktesting FOLDERS testing DEPENDS booktools bookengine controls terminal books platform)

@@ -29,8 +29,9 @@ bool IsKnownCodePage(uint32_t codePage) {
   return codePage == CP_ACP || codePage == CP_OEMCP || codePage == CP_SHIFT_JIS;
 }
 
-// Decodes all of `bytes`; false only when iconv has no CP932 converter.
-bool Decode(std::string_view bytes, std::u16string& out) {
+// Decodes all of `bytes`, `unknown` for what is no character; false only
+// when iconv has no CP932 converter.
+bool Decode(std::string_view bytes, char16_t unknown, std::u16string& out) {
   iconv_t cd = Converter(true);
   if (cd == reinterpret_cast<iconv_t>(-1)) return false;
   out.assign(bytes.size(), u'\0');  // one byte never yields two units
@@ -48,9 +49,9 @@ bool Decode(std::string_view bytes, std::u16string& out) {
     auto lead = static_cast<unsigned char>(*in);
     size_t skip = (IsLeadByte(lead) && inLeft >= 2 && IsTrailByte(static_cast<unsigned char>(in[1])))
                       ? 2 : 1;
-    std::memcpy(outPtr, &kDefaultWideChar, sizeof kDefaultWideChar);
-    outPtr += sizeof kDefaultWideChar;
-    outLeft -= sizeof kDefaultWideChar;
+    std::memcpy(outPtr, &unknown, sizeof unknown);
+    outPtr += sizeof unknown;
+    outLeft -= sizeof unknown;
     in += skip;
     inLeft -= skip;
     iconv(cd, nullptr, nullptr, nullptr, nullptr);
@@ -94,6 +95,11 @@ bool Encode(std::u16string_view units, char defaultChar, std::string& out, bool&
 
 }  // namespace
 
+bool HasMultiByteConverters() {
+  return Converter(true) != reinterpret_cast<iconv_t>(-1) &&
+         Converter(false) != reinterpret_cast<iconv_t>(-1);
+}
+
 bool IsLeadByte(unsigned char byte) {
   return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
 }
@@ -115,7 +121,8 @@ int MultiByteToWideChar(uint32_t codePage, uint32_t /*flags*/, const char* sourc
     return 0;
   size_t length = sourceLength == -1 ? std::strlen(source) + 1 : static_cast<size_t>(sourceLength);
   std::u16string units;
-  if (!Decode(std::string_view(source, length), units) || units.empty()) return 0;
+  if (!Decode(std::string_view(source, length), kDefaultWideChar, units) || units.empty())
+    return 0;
   if (targetLength == 0) return static_cast<int>(units.size());
   if (target == nullptr || units.size() > static_cast<size_t>(targetLength)) return 0;
   std::memcpy(target, units.data(), units.size() * sizeof(char16_t));
@@ -142,9 +149,9 @@ int WideCharToMultiByte(uint32_t codePage, uint32_t /*flags*/, const char16_t* s
   return static_cast<int>(bytes.size());
 }
 
-std::u16string DecodeMultiByte(std::string_view bytes) {
+std::u16string DecodeMultiByte(std::string_view bytes, char16_t unknown) {
   std::u16string units;
-  Decode(bytes, units);
+  Decode(bytes, unknown, units);
   return units;
 }
 
@@ -152,5 +159,12 @@ std::string EncodeMultiByte(std::u16string_view units) {
   std::string bytes;
   bool defaulted;
   Encode(units, kDefaultByte, bytes, defaulted);
+  return bytes;
+}
+
+std::optional<std::string> EncodeMultiByteExactly(std::u16string_view units) {
+  std::string bytes;
+  bool defaulted = false;
+  if (!Encode(units, kDefaultByte, bytes, defaulted) || defaulted) return std::nullopt;
   return bytes;
 }

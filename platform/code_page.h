@@ -1,5 +1,5 @@
 // Conversion between UTF-16 and the system multibyte code page, Shift-JIS
-// as CP932, through glibc's iconv. The two calls behave as the device's
+// as CP932, through glibc's iconv: the one place that opens a converter. The two calls behave as the device's
 // MultiByteToWideChar and WideCharToMultiByte do for the application:
 //
 // - A source length of -1 means a NUL-ended source, and the NUL is
@@ -17,6 +17,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,9 +36,17 @@ int WideCharToMultiByte(uint32_t codePage, uint32_t flags, const char16_t* sourc
                         int sourceLength, char* target, int targetLength,
                         const char* defaultChar, int* usedDefault);
 
-// The same conversions for whole strings, with the defaults above.
-std::u16string DecodeMultiByte(std::string_view bytes);
+// The same conversions for whole strings, with the defaults above; a
+// decoder may give `unknown` for bytes that are no CP932 character.
+std::u16string DecodeMultiByte(std::string_view bytes, char16_t unknown = u'\u30FB');
 std::string EncodeMultiByte(std::u16string_view units);
+// The CP932 bytes of `units`, or nothing when a character (a lone
+// surrogate too) has no CP932 form: for text that must arrive unchanged.
+std::optional<std::string> EncodeMultiByteExactly(std::u16string_view units);
+
+// True when the system has the converters (glibc's gconv modules, which a
+// static program loads at run time); without them every conversion fails.
+bool HasMultiByteConverters();
 
 // True for a byte that starts a two-byte CP932 character.
 bool IsLeadByte(unsigned char byte);

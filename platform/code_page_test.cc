@@ -32,6 +32,8 @@ TEST(CodePage, InvalidBytesAndLoneLeadByteDecodeSafely) {
   EXPECT_EQ(DecodeMultiByte("\x82\n"), u"\u30FB\n");  // lead byte, then no trail
   EXPECT_EQ(DecodeMultiByte("\xfd" "b"), u"\u30FB" u"b");
   EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "\x82", 1, nullptr, 0), 1);
+  // A reader that shows bad bytes otherwise names its own replacement.
+  EXPECT_EQ(DecodeMultiByte("\xfd" "b\x82", u'\uFFFD'), u"\uFFFD" u"b\uFFFD");
 }
 
 TEST(CodePage, DefaultCharacterForWhatCp932Lacks) {
@@ -45,6 +47,11 @@ TEST(CodePage, DefaultCharacterForWhatCp932Lacks) {
   EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, u"ok", 2, narrow, 8, nullptr, &usedDefault), 2);
   EXPECT_EQ(usedDefault, 0);
   EXPECT_EQ(EncodeMultiByte(u"\u00e9"), "?");
+  // Text that must arrive unchanged gets nothing rather than a "?".
+  EXPECT_EQ(EncodeMultiByteExactly(u"辞書a"), std::optional<std::string>("\x8e\xab\x8f\x91" "a"));
+  EXPECT_EQ(EncodeMultiByteExactly(u"a\u00e9"), std::nullopt);
+  EXPECT_EQ(EncodeMultiByteExactly(u"a\xD800"), std::nullopt) << "a lone surrogate";
+  EXPECT_EQ(EncodeMultiByteExactly(u""), std::optional<std::string>(""));
 }
 
 TEST(CodePage, CutNeverSplitsACharacter) {

@@ -32,10 +32,40 @@ void AppendUtf16(std::u16string& out, char32_t cp) {
   }
 }
 
+bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+
+// The continuation bytes that `lead` announces; -1 for a byte that begins
+// no character.
+int FollowCount(unsigned char lead) {
+  if (lead < 0x80) return 0;
+  if ((lead >> 5) == 0x6) return 1;
+  if ((lead >> 4) == 0xE) return 2;
+  if ((lead >> 3) == 0x1E) return 3;
+  return -1;
+}
+
+// The character at bytes[at]: its length, with its value in `cp`; 0 when
+// the bytes there are no UTF-8.
+size_t DecodeAt(std::string_view bytes, size_t at, char32_t& cp) {
+  const unsigned char lead = static_cast<unsigned char>(bytes[at]);
+  const int follow = FollowCount(lead);
+  if (follow < 0 || at + follow >= bytes.size()) return 0;
+  static const unsigned char kLeadBits[] = {0x7F, 0x1F, 0x0F, 0x07};
+  cp = lead & kLeadBits[follow];
+  for (int k = 1; k <= follow; ++k) {
+    const unsigned char next = static_cast<unsigned char>(bytes[at + k]);
+    if (!IsContinuation(next)) return 0;
+    cp = (cp << 6) | (next & 0x3F);
+  }
+  // Overlong forms, surrogates and values past U+10FFFF are no UTF-8.
+  static const char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
+  if (cp < kLeast[follow] || (cp >= 0xD800 && cp < 0xE000) || cp > 0x10FFFF) return 0;
+  return static_cast<size_t>(follow) + 1;
+}
+
 }  // namespace
 
-std::string ToUtf8(const CString& text) {
-  const std::u16string& units = text.Units();
+std::string ToUtf8(std::u16string_view units) {
   std::string out;
   for (size_t i = 0; i < units.size(); ++i) {
     char32_t cp = units[i];
@@ -51,33 +81,37 @@ std::string ToUtf8(const CString& text) {
   return out;
 }
 
+std::string ToUtf8(const CString& text) { return ToUtf8(std::u16string_view(text.Units())); }
+
 CString FromUtf8(std::string_view bytes) {
   std::u16string out;
   size_t i = 0;
   while (i < bytes.size()) {
-    unsigned char lead = static_cast<unsigned char>(bytes[i]);
-    int follow = lead < 0x80 ? 0 : (lead >> 5) == 0x6 ? 1 : (lead >> 4) == 0xE ? 2
-                                                          : (lead >> 3) == 0x1E ? 3 : -1;
-    char32_t cp = follow == 0 ? lead : follow == 1 ? lead & 0x1F : follow == 2 ? lead & 0x0F
-                                                                               : lead & 0x07;
-    bool good = follow >= 0 && i + follow < bytes.size();
-    for (int k = 1; good && k <= follow; ++k) {
-      unsigned char next = static_cast<unsigned char>(bytes[i + k]);
-      good = (next & 0xC0) == 0x80;
-      cp = (cp << 6) | (next & 0x3F);
-    }
-    // Overlong forms, surrogates and values past U+10FFFF are no UTF-8.
-    static const char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
-    if (good && (cp < kLeast[follow] || (cp >= 0xD800 && cp < 0xE000) || cp > 0x10FFFF)) {
-      good = false;
-    }
-    if (!good) {
-      out += static_cast<char16_t>(kReplacement);
-      ++i;
-      continue;
-    }
-    AppendUtf16(out, cp);
-    i += follow + 1;
+    char32_t cp = 0;
+    const size_t length = DecodeAt(bytes, i, cp);
+    AppendUtf16(out, length > 0 ? cp : kReplacement);
+    i += length > 0 ? length : 1;
   }
   return CString(std::move(out));
+}
+
+bool IsUtf8(std::string_view bytes) {
+  for (size_t i = 0; i < bytes.size();) {
+    char32_t cp;
+    const size_t length = DecodeAt(bytes, i, cp);
+    if (length == 0) return false;
+    i += length;
+  }
+  return true;
+}
+
+size_t Utf8WholeLength(std::string_view bytes) {
+  size_t lead = bytes.size();
+  while (lead > 0 && bytes.size() - lead < 3 &&
+         IsContinuation(static_cast<unsigned char>(bytes[lead - 1])))
+    --lead;
+  if (lead == 0) return bytes.size();
+  const int follow = FollowCount(static_cast<unsigned char>(bytes[lead - 1]));
+  return follow > 0 && bytes.size() - lead < static_cast<size_t>(follow) ? lead - 1
+                                                                          : bytes.size();
 }

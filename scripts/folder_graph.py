@@ -18,7 +18,8 @@ import sys
 # the controls (with readings from reading/), and the task manager writes
 # its events to the terminal's transcript and takes the Braille display's
 # keys and keyboard. The engine stands alone (command -> search -> text -> engine)
-# and is called by results' engine books, tools and cli.
+# and is called by results' engine books, tools and cli; the tools take
+# their UTF-8 and Shift-JIS conversions from platform.
 ENGINE = {"command", "search", "text", "engine"}
 ALLOWED = {
     "platform": set(),

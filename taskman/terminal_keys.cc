@@ -187,13 +187,7 @@ int TerminalKeys::Take(TaskAction& action) {
   // at the end of what was read waits for its last bytes.
   size_t end = 0;
   while (end < pending_.size() && IsTextByte(static_cast<unsigned char>(pending_[end]))) ++end;
-  size_t lead = end;
-  while (lead > 0 && (static_cast<unsigned char>(pending_[lead - 1]) & 0xC0) == 0x80) --lead;
-  if (lead > 0 && end == pending_.size()) {
-    const unsigned char byte = static_cast<unsigned char>(pending_[lead - 1]);
-    const size_t need = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
-    if (end - (lead - 1) < need && Fill(kEscapeWaitMs)) return 0;
-  }
+  if (end == pending_.size() && Utf8WholeLength(pending_) < end && Fill(kEscapeWaitMs)) return 0;
   action.kind = TaskAction::kText;
   action.text = FromUtf8(pending_.substr(0, end));
   pending_.erase(0, end);

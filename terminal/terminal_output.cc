@@ -1,70 +1,46 @@
 #include "terminal/terminal_output.h"
 
-#include <iconv.h>
 #include <langinfo.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
+
+#include "platform/code_page.h"
+#include "platform/utf8_text.h"
 
 namespace {
 
-// U+FFFD, shown for a byte that is no Shift-JIS.
-constexpr char kReplacement[] = "\xEF\xBF\xBD";
+// Shown for a byte that is no Shift-JIS.
+constexpr char16_t kReplacement = u'\uFFFD';
 
 struct Utf8Writer {
   FILE* terminal;
-  iconv_t to_utf8;
-  char pending[4];       // head of a character whose rest has not come yet
-  size_t pending_count;  // bytes in pending
+  std::string pending;  // a lead byte whose trail byte has not come yet
 };
-
-// Converts `length` bytes at `in`, keeping an incomplete last character
-// in pending.
-void convert(Utf8Writer* writer, char* in, size_t length) {
-  char out[1024];
-  while (length > 0) {
-    char* end = out;
-    size_t room = sizeof out;
-    size_t result = iconv(writer->to_utf8, &in, &length, &end, &room);
-    fwrite(out, 1, end - out, writer->terminal);
-    if (result != static_cast<size_t>(-1) || errno == E2BIG) continue;
-    if (errno == EINVAL && length < sizeof writer->pending) {
-      memmove(writer->pending, in, length);
-      writer->pending_count = length;
-      return;
-    }
-    fputs(kReplacement, writer->terminal);
-    ++in;
-    --length;
-  }
-}
 
 ssize_t write_utf8(void* cookie, const char* data, size_t size) {
   Utf8Writer* writer = static_cast<Utf8Writer*>(cookie);
-  size_t taken = 0;
-  // Complete a character that the last write split.
-  while (writer->pending_count > 0 && taken < size) {
-    writer->pending[writer->pending_count++] = data[taken++];
-    size_t count = writer->pending_count;
-    writer->pending_count = 0;
-    char held[sizeof writer->pending];
-    memcpy(held, writer->pending, count);
-    convert(writer, held, count);
-  }
-  convert(writer, const_cast<char*>(data) + taken, size - taken);
+  writer->pending.append(data, size);
+  const size_t whole = CutAtCharBoundary(writer->pending, writer->pending.size());
+  const std::u16string units =
+      DecodeMultiByte(std::string_view(writer->pending).substr(0, whole), kReplacement);
+  const std::string text = ToUtf8(std::u16string_view(units));
+  writer->pending.erase(0, whole);
+  fwrite(text.data(), 1, text.size(), writer->terminal);
   fflush(writer->terminal);
   return static_cast<ssize_t>(size);
 }
 
 int close_utf8_writer(void* cookie) {
   Utf8Writer* writer = static_cast<Utf8Writer*>(cookie);
-  if (writer->pending_count > 0) fputs(kReplacement, writer->terminal);
+  if (!writer->pending.empty()) {
+    fputs(ToUtf8(std::u16string_view(&kReplacement, 1)).c_str(), writer->terminal);
+  }
   fflush(writer->terminal);
-  iconv_close(writer->to_utf8);
   delete writer;
   return 0;
 }
@@ -97,22 +73,6 @@ int close_utf8_reader(void* cookie) {
   return 0;
 }
 
-// False when `text` breaks the shape of UTF-8: a byte that cannot begin a
-// character, or a character cut short. Such text never converts, and telling
-// so here spares loading the converter for a keyword already in Shift-JIS.
-bool may_be_utf8(const std::string& text) {
-  for (size_t i = 0; i < text.size();) {
-    const unsigned char lead = static_cast<unsigned char>(text[i++]);
-    if (lead < 0x80) continue;
-    if (lead < 0xC0 || lead > 0xFD) return false;
-    size_t follow = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF8 ? 3 : lead < 0xFC ? 4 : 5;
-    for (; follow > 0; --follow, ++i) {
-      if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return false;
-    }
-  }
-  return true;
-}
-
 }  // namespace
 
 bool user_locale_is_utf8() {
@@ -124,9 +84,8 @@ bool user_locale_is_utf8() {
 }
 
 FILE* open_utf8_writer(FILE* terminal) {
-  iconv_t to_utf8 = iconv_open("UTF-8", "CP932");
-  if (to_utf8 == reinterpret_cast<iconv_t>(-1)) return nullptr;
-  Utf8Writer* writer = new Utf8Writer{terminal, to_utf8, {}, 0};
+  if (!HasMultiByteConverters()) return nullptr;
+  Utf8Writer* writer = new Utf8Writer{terminal, std::string()};
   FILE* stream = fopencookie(writer, "w", {nullptr, write_utf8, nullptr, close_utf8_writer});
   if (!stream) {
     close_utf8_writer(writer);
@@ -154,18 +113,7 @@ std::string shift_jis_keyword(const std::string& text) {
     ascii = ascii && c < 0x80;
     halfwidth_sjis = halfwidth_sjis && (c < 0x80 || (c >= 0xA1 && c <= 0xDF));
   }
-  if (ascii || halfwidth_sjis || text[0] == '-' || text[0] == '/' || !may_be_utf8(text)) return text;
-  iconv_t to_sjis = iconv_open("CP932", "UTF-8");
-  if (to_sjis == reinterpret_cast<iconv_t>(-1)) return text;
-  // Shift-JIS never takes more bytes than UTF-8 for the same characters.
-  std::string converted(text.size(), '\0');
-  char* in = const_cast<char*>(text.data());
-  size_t in_left = text.size();
-  char* out = converted.data();
-  size_t out_left = converted.size();
-  bool whole = iconv(to_sjis, &in, &in_left, &out, &out_left) != static_cast<size_t>(-1);
-  iconv_close(to_sjis);
-  if (!whole) return text;
-  converted.resize(converted.size() - out_left);
-  return converted;
+  if (ascii || halfwidth_sjis || text[0] == '-' || text[0] == '/' || !IsUtf8(text)) return text;
+  const std::optional<std::string> converted = EncodeMultiByteExactly(FromUtf8(text).Units());
+  return converted ? *converted : text;
 }

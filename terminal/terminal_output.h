@@ -17,7 +17,7 @@ bool user_locale_is_utf8();
 // as UTF-8. A double-byte character split between two writes is carried
 // over; a byte that is no Shift-JIS shows as U+FFFD. Line-buffered on a
 // terminal, fully buffered otherwise. Closing it flushes `terminal` but
-// leaves it open.
+// leaves it open. Null when the system has no Shift-JIS converter.
 FILE* open_utf8_writer(FILE* terminal);
 
 // A stream that reads lines in UTF-8 from `terminal` (or a pipe) and gives

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "platform/code_page.h"
 #include "search/search_key.h"
 #include "text/ascii_to_jis.h"
 #include "tools/body_text.h"
@@ -15,10 +16,6 @@ constexpr int kLinkClose = 0x1F62;
 constexpr int kArrow = 0x222A;           // →
 constexpr int kSyllableMark = 0x2126;    // ・, half-width ･
 constexpr unsigned char kHalfSyllable = 0xA5;
-
-bool is_lead_byte(unsigned char byte) {
-  return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-}
 
 bool is_half_width(unsigned char byte) { return (byte >= 0x20 && byte < 0x7F) || byte == kHalfSyllable; }
 
@@ -41,7 +38,7 @@ void BodyWords::text(std::string_view sjis) {
     }
     if (in_run && half_depth == 0) word(kHalfOff);
     in_run = false;
-    if (!is_lead_byte(byte) || i + 1 >= sjis.size()) {
+    if (!IsLeadByte(byte) || i + 1 >= sjis.size()) {
       throw std::invalid_argument("a character with no JIS X 0208 form");
     }
     const int code = sjis_to_jis(byte << 8 | static_cast<unsigned char>(sjis[++i]));
