@@ -12,10 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <iostream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -36,6 +33,7 @@
 #include "controls/presenter_pair.h"
 #include "terminal/console_lines.h"
 #include "platform/device_path.h"
+#include "platform/read_file.h"
 #include "project_version.h"
 
 namespace {
@@ -158,16 +156,12 @@ int ReadOptions(int argc, char** argv, Options& options) {
 }
 
 bool ReadScript(const std::string& path, std::string& script) {
-  std::stringstream text;
-  if (path == "-") {
-    text << std::cin.rdbuf();
-  } else {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return false;
-    text << file.rdbuf();
-  }
-  script = text.str();
-  return true;
+  FILE* file = path == "-" ? stdin : std::fopen(path.c_str(), "rb");
+  if (file == nullptr) return false;
+  script = ReadToEnd(file);
+  const bool failed = std::ferror(file) != 0;
+  if (file != stdin) std::fclose(file);
+  return !failed;
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "terminal/terminal_output.h"
@@ -112,8 +111,7 @@ TEST_F(Tomeview, FilesOfTheEngineStayShiftJis) {
   const std::string file = scratch_path("tomeview_output.txt");
   std::remove(file.c_str());
   EXPECT_EQ(Run("C.UTF-8", book + " -O" + file + " はな").out, "");
-  std::ifstream written(file, std::ios::binary);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(written), {}), run_engine({book, kHanaSjis}).out);
+  EXPECT_EQ(ReadWholeFile(file), run_engine({book, kHanaSjis}).out);
 }
 
 TEST(TerminalOutput, KeywordsTypedInUtf8BecomeShiftJis) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 #include "command/engine.h"
 #include "engine/engine_state.h"
@@ -74,10 +73,9 @@ TEST_F(Run, OutputFileIsAppendedToAndLeftAgain) {
   std::filesystem::path file = fresh_directory("run_output") / "out.txt";
   std::ofstream(file) << "before\n";
   EngineRun run = run_engine({"-o" + file.string(), "-Y5", "-A", "-O", "-A"});
-  std::stringstream written;
-  written << std::ifstream(file).rdbuf();
-  EXPECT_EQ(written.str().rfind("before\n-D/CDDRIVE = \n", 0), 0u);
-  EXPECT_EQ(written.str().substr(7), run.out);
+  const std::string written = ReadWholeFile(file);
+  EXPECT_EQ(written.rfind("before\n-D/CDDRIVE = \n", 0), 0u);
+  EXPECT_EQ(written.substr(7), run.out);
   EXPECT_EQ(engine.output, engine.std_out);
 
   engine.host_errno = 0;

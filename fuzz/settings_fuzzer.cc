@@ -20,7 +20,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 #include "platform/code_page.h"
@@ -50,12 +49,6 @@ bool SameList(const DictionaryEntryArray& a, const DictionaryEntryArray& b) {
       return false;
   }
   return true;
-}
-
-std::string ReadAll(const std::filesystem::path& file) {
-  std::ostringstream text;
-  text << std::ifstream(file, std::ios::binary).rdbuf();
-  return text.str();
 }
 
 CString Field(std::string_view bytes) {
@@ -91,9 +84,9 @@ void EntriesComeBack(const CString& path, const std::filesystem::path& file,
   }
   DisplayOptions options;
   options.phSignsVisible = static_cast<int32_t>(bytes.size());
-  const std::string before = ReadAll(file);
+  const std::string before = ReadWholeFile(file);
   if (!SaveSettings(path, options, list, 0)) {
-    if (ReadAll(file) != before) abort();
+    if (ReadWholeFile(file) != before) abort();
     return;
   }
   DisplayOptions loaded;
@@ -107,12 +100,12 @@ void FileComesBack(const CString& path, const std::filesystem::path& file) {
   DictionaryEntryArray list;
   LoadSettings(path, options, list);
   if (!SaveSettings(path, options, list, 0)) return;
-  const std::string first = ReadAll(file);
+  const std::string first = ReadWholeFile(file);
   DisplayOptions reloaded;
   DictionaryEntryArray reloadedList;
   LoadSettings(path, reloaded, reloadedList);
   if (!SameOptions(options, reloaded) || !SameList(list, reloadedList)) abort();
-  if (!SaveSettings(path, reloaded, reloadedList, 0) || ReadAll(file) != first) abort();
+  if (!SaveSettings(path, reloaded, reloadedList, 0) || ReadWholeFile(file) != first) abort();
 }
 
 }  // namespace

@@ -13,8 +13,7 @@
 
 #include <cinttypes>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -92,9 +91,10 @@ std::vector<Lookup> choose_lookups(const BookContent& book) {
 }
 
 TEST(EdictLookups, OutputsMatchTheRecordedChecksums) {
-  std::ifstream source(kEdictPath, std::ios::binary);
-  if (!source) GTEST_SKIP() << kEdictPath << " is missing: install the edict package to run this test";
-  const std::string text((std::istreambuf_iterator<char>(source)), std::istreambuf_iterator<char>());
+  if (!std::filesystem::exists(kEdictPath)) {
+    GTEST_SKIP() << kEdictPath << " is missing: install the edict package to run this test";
+  }
+  const std::string text = ReadWholeFile(kEdictPath);
   if (text.size() != kEdictSize || fnv1a(text) != kEdictSum) {
     GTEST_SKIP() << kEdictPath << " is not the EDICT file the checksums were recorded from";
   }

@@ -24,20 +24,18 @@
 #include "platform/code_page.h"
 #include "platform/device_path.h"
 #include "platform/file_system.h"
+#include "platform/read_file.h"
 #include "store/ini_value_escape.h"
 
 namespace {
 
-// The file's bytes into `bytes`, reading no more than one byte past the limit.
+// The file's bytes into `bytes`, reading not much past the limit.
 IniLoad ReadBytes(FileSystem& files, const std::string& hostPath, std::string& bytes) {
   bytes.clear();
   if (!files.Exists(hostPath)) return IniLoad::kMissing;
   FILE* file = files.Open(hostPath, "rb");
   if (file == nullptr) return IniLoad::kUnreadable;
-  char buffer[1 << 16];
-  size_t got;
-  while (bytes.size() <= kMaxIniBytes && (got = std::fread(buffer, 1, sizeof buffer, file)) > 0)
-    bytes.append(buffer, got);
+  bytes = ReadToEnd(file, kMaxIniBytes);
   const bool failed = std::ferror(file) != 0;
   std::fclose(file);
   if (failed) return IniLoad::kUnreadable;

@@ -9,11 +9,11 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 #include "platform/device_path.h"
 #include "platform/wide_string.h"
+#include "testing/temp_tree.h"
 
 class SettingsFolderTest : public testing::Test {
  protected:
@@ -34,9 +34,7 @@ class SettingsFolderTest : public testing::Test {
     std::ofstream(HostFile(), std::ios::binary) << bytes;
   }
   std::string ReadFile(const std::string& suffix = "") const {
-    std::ostringstream text;
-    text << std::ifstream(HostFile(suffix), std::ios::binary).rdbuf();
-    return text.str();
+    return ReadWholeFile(HostFile(suffix));
   }
 
   const CString path_ = u"\\epwingdict\\epwingdict.ini";  // its device name

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 #include "testing/temp_tree.h"
@@ -12,13 +10,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string read_file(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
-}
 
 TEST(JisText, Conversions) {
   EXPECT_EQ(utf8_to_sjis("あ亜"), "\x82\xA0\x88\x9F");
@@ -58,15 +49,15 @@ TEST(BookWriter, PagesAndLayouts) {
   // empty row between holds nothing and is not written.
   const fs::path root = fresh_directory("layout");
   write_laid_out(root, text, {{0, "a"}, {1, "b"}, {5, "empty"}, {6, "c"}});
-  EXPECT_EQ(read_file(root / "a").substr(0, 2), std::string("\0\x03", 2));
+  EXPECT_EQ(ReadWholeFile(root / "a").substr(0, 2), std::string("\0\x03", 2));
   EXPECT_EQ(fs::file_size(root / "a"), 2048u);
-  const std::string b = read_file(root / "b");
+  const std::string b = ReadWholeFile(root / "b");
   ASSERT_EQ(b.size(), 4u * 2048);
   EXPECT_EQ(b.substr(2047, 3), std::string("bb\0", 3));
   EXPECT_EQ(b[2 * 2048], 'x');
   EXPECT_FALSE(fs::exists(root / "empty"));
   EXPECT_EQ(fs::file_size(root / "c"), 3u * 2048);
-  EXPECT_EQ(read_file(root / "c")[2 * 2048], 'm');
+  EXPECT_EQ(ReadWholeFile(root / "c")[2 * 2048], 'm');
 }
 
 TEST(BookWriter, TreesAndNames) {
@@ -80,7 +71,7 @@ TEST(BookWriter, TreesAndNames) {
   tree.add_book("辞書", "eb").text.add_area(0x00, "body");
   tree.write(root);
   tree.write(root);  // writing again replaces the files
-  EXPECT_EQ(read_file(root / "CATALOG"), tree.catalog());
+  EXPECT_EQ(ReadWholeFile(root / "CATALOG"), tree.catalog());
   EXPECT_EQ(fs::file_size(root / "EB/START"), 2u * 2048);
   EXPECT_FALSE(fs::exists(root / "EB/START.partial"));
 }

@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 
 #include "testing/temp_tree.h"
 #include "tools/book_builder.h"
@@ -66,8 +65,7 @@ TEST(MkbookErrors, TheCommandExitsNonZeroAndWritesNothing) {
   const std::string mkbook = (fs::path(bin) / "mkbook").string();
   const auto run = [&](const std::string& args) {
     const int status = std::system((mkbook + " " + args + " 2>" + (folder / "err").string()).c_str());
-    std::ifstream err(folder / "err");
-    return std::pair{WEXITSTATUS(status), std::string(std::istreambuf_iterator<char>(err), {})};
+    return std::pair{WEXITSTATUS(status), ReadWholeFile(folder / "err")};
   };
   const auto [bad, message] = run("-o " + (folder / "out").string() + " " + (folder / "bad.txt").string());
   EXPECT_EQ(bad, 1);
