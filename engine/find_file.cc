@@ -68,7 +68,8 @@ void note_scan(FoundPath* record, int32_t end, const struct stat& status) {
 // Looks up one component in `directory` (empty for the working directory)
 // and writes the best entry's name to `best` (NAME_MAX + 1 bytes). Among
 // equally good entries the first in byte order wins, whatever order the
-// directory lists them in. The directory is noted in `record` (when not
+// directory lists them in (the application's device paths choose by the
+// same rule; results/case_blind_lookup_test.cc ties the two). The directory is noted in `record` (when not
 // null) as it stood before it was listed.
 bool find_entry(const char* directory, const char* wanted, size_t wanted_length, char* best,
                 FoundPath* record) {

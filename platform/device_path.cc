@@ -83,23 +83,23 @@ bool SameIgnoringAsciiCase(const std::string& a, const std::string& b) {
   return true;
 }
 
-// The entry of `folder` that `part` names: itself when it exists, else the
-// first entry equal but for case, else `part` unchanged.
+// The entry of `folder` that `part` names: itself when it exists, else of
+// the entries equal but for case the first in byte order (whatever order
+// the folder lists them in: the rule by which the engine finds a book's
+// files, tied by results/case_blind_lookup_test.cc), else `part` unchanged.
 std::string FindEntry(const std::string& folder, const std::string& part) {
   std::string exact = folder + "/" + part;
   struct stat info;
   if (part == "." || part == ".." || lstat(exact.c_str(), &info) == 0) return part;
-  std::string found = part;
+  std::string found;
   if (DIR* dir = opendir(folder.empty() ? "/" : folder.c_str())) {
     while (const dirent* entry = readdir(dir)) {
-      if (SameIgnoringAsciiCase(entry->d_name, part)) {
+      if (SameIgnoringAsciiCase(entry->d_name, part) && (found.empty() || entry->d_name < found))
         found = entry->d_name;
-        break;
-      }
     }
     closedir(dir);
   }
-  return found;
+  return found.empty() ? part : found;
 }
 
 std::vector<std::string> SplitParts(const std::string& name) {

@@ -14,7 +14,7 @@
 // "\" and "/" both separate. The first part of a name is compared without
 // regard to case; every later part is looked up in its folder and, when no
 // entry has that exact name, matches an entry that differs only in the case
-// of ASCII letters. Parts that match nothing are kept as written, so a file
+// of ASCII letters, the first such in byte order. Parts that match nothing are kept as written, so a file
 // can be created. Another name that begins with a separator is a host path
 // from the root; a name without one is relative to the working folder.
 // The runtime and configuration folders are created when first named.
