@@ -5,6 +5,7 @@
 #include "controls/key_help.h"
 #include "controls/presenter.h"
 #include "controls/spoken_text.h"
+#include "platform/utf16_units.h"
 
 namespace {
 
@@ -22,9 +23,6 @@ const char16_t kEditMenuTitle[] = u"編集メニュー";
 // a writable field.
 enum EditMenuEntry { kReadWhole, kToStart, kToEnd, kClearAll };
 const char16_t* const kEditMenuLabels[] = {u"全文を読む", u"先頭へ", u"末尾へ", u"全文削除"};
-
-bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
-bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
 
 // Typed where no text can go, "?" asks for the help.
 bool IsHelpRequest(const CString& typed) { return typed == CString(u"?") || typed == CString(u"？"); }

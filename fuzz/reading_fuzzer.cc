@@ -9,19 +9,14 @@
 #include <string>
 
 #include "platform/utf8_text.h"
+#include "platform/utf16_units.h"
 #include "reading/reading.h"
 
 namespace {
 
 bool WellFormed(const std::u16string& text) {
-  for (size_t i = 0; i < text.size(); ++i) {
-    const char16_t ch = text[i];
-    if (ch >= 0xD800 && ch <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
-        text[i + 1] <= 0xDFFF) {
-      ++i;
-    } else if (ch >= 0xD800 && ch <= 0xDFFF) {
-      return false;
-    }
+  for (size_t i = 0; i < text.size(); i += CharacterUnits(text, i)) {
+    if (CharacterUnits(text, i) == 1 && IsSurrogate(text[i])) return false;
   }
   return true;
 }

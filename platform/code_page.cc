@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "platform/utf16_units.h"
+
 namespace {
 
 constexpr char16_t kDefaultWideChar = u'\u30FB';
@@ -77,10 +79,10 @@ bool Encode(std::u16string_view units, char defaultChar, std::string& out, bool&
     char16_t unit;
     std::memcpy(&unit, in, sizeof unit);
     size_t skip = sizeof(char16_t);
-    if (unit >= 0xD800 && unit <= 0xDBFF && inLeft >= 2 * sizeof(char16_t)) {
+    if (IsHighSurrogate(unit) && inLeft >= 2 * sizeof(char16_t)) {
       char16_t next;
       std::memcpy(&next, in + sizeof unit, sizeof next);
-      if (next >= 0xDC00 && next <= 0xDFFF) skip *= 2;
+      if (IsLowSurrogate(next)) skip *= 2;
     }
     *outPtr++ = defaultChar;
     --outLeft;

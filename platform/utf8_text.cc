@@ -1,5 +1,7 @@
 #include "platform/utf8_text.h"
 
+#include "platform/utf16_units.h"
+
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
@@ -19,16 +21,6 @@ void AppendUtf8(std::string& out, char32_t cp) {
     out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
     out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
     out += static_cast<char>(0x80 | (cp & 0x3F));
-  }
-}
-
-void AppendUtf16(std::u16string& out, char32_t cp) {
-  if (cp < 0x10000) {
-    out += static_cast<char16_t>(cp);
-  } else {
-    cp -= 0x10000;
-    out += static_cast<char16_t>(0xD800 + (cp >> 10));
-    out += static_cast<char16_t>(0xDC00 + (cp & 0x3FF));
   }
 }
 
@@ -59,7 +51,7 @@ size_t DecodeAt(std::string_view bytes, size_t at, char32_t& cp) {
   }
   // Overlong forms, surrogates and values past U+10FFFF are no UTF-8.
   static const char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
-  if (cp < kLeast[follow] || (cp >= 0xD800 && cp < 0xE000) || cp > 0x10FFFF) return 0;
+  if (cp < kLeast[follow] || IsSurrogate(cp) || cp > 0x10FFFF) return 0;
   return static_cast<size_t>(follow) + 1;
 }
 
@@ -67,16 +59,12 @@ size_t DecodeAt(std::string_view bytes, size_t at, char32_t& cp) {
 
 std::string ToUtf8(std::u16string_view units) {
   std::string out;
-  for (size_t i = 0; i < units.size(); ++i) {
-    char32_t cp = units[i];
-    if (cp >= 0xD800 && cp < 0xDC00 && i + 1 < units.size() && units[i + 1] >= 0xDC00 &&
-        units[i + 1] < 0xE000) {
-      cp = 0x10000 + ((cp - 0xD800) << 10) + (units[i + 1] - 0xDC00);
-      ++i;
-    } else if (cp >= 0xD800 && cp < 0xE000) {
-      cp = kReplacement;
-    }
-    AppendUtf8(out, cp);
+  for (size_t i = 0; i < units.size();) {
+    const size_t width = CharacterUnits(units, i);
+    AppendUtf8(out, width == 2                ? CodePointOfPair(units[i], units[i + 1])
+                    : IsSurrogate(units[i]) ? kReplacement
+                                            : units[i]);
+    i += width;
   }
   return out;
 }
@@ -89,7 +77,7 @@ CString FromUtf8(std::string_view bytes) {
   while (i < bytes.size()) {
     char32_t cp = 0;
     const size_t length = DecodeAt(bytes, i, cp);
-    AppendUtf16(out, length > 0 ? cp : kReplacement);
+    AppendCodePoint(out, length > 0 ? cp : kReplacement);
     i += length > 0 ? length : 1;
   }
   return CString(std::move(out));

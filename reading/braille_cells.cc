@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/utf16_units.h"
 #include "reading/kana_text.h"
 
 namespace {
@@ -206,7 +207,7 @@ class CellWriter {
       Put(std::u16string(1, ch));
       return;
     }
-    if (ch >= 0xD800 && ch <= 0xDBFF && at_ < text_.size()) ++at_;  // one character, one cell
+    if (IsHighSurrogate(ch) && at_ < text_.size()) ++at_;  // one character, one cell
     for (const auto& symbol : kSymbols) {
       if (symbol.ch != ch) continue;
       if (fromPunctuation_ && kClosing.find(ch) != std::u16string_view::npos) blanks_ = 0;

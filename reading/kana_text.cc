@@ -1,5 +1,7 @@
 #include "reading/kana_text.h"
 
+#include "platform/utf16_units.h"
+
 namespace {
 
 // Half-width katakana U+FF61..U+FF9D in full width.
@@ -46,11 +48,10 @@ std::u16string NormalizeWidth(std::u16string_view text) {
   out.reserve(text.size());
   for (size_t i = 0; i < text.size(); ++i) {
     char16_t ch = text[i];
-    if (ch >= 0xD800 && ch <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
-        text[i + 1] <= 0xDFFF) {
+    if (CharacterUnits(text, i) == 2) {
       out += ch;
       out += text[++i];
-    } else if (ch >= 0xD800 && ch <= 0xDFFF) {
+    } else if (IsSurrogate(ch)) {
       out += u'\uFFFD';
     } else if (IsBlank(ch)) {
       out += ch == u'\n' || ch == u'\r' ? ch : u' ';

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/code_page.h"
+#include "platform/utf16_units.h"
 
 namespace {
 
@@ -11,8 +12,6 @@ constexpr char32_t kMaxCodePoint = 0x10FFFF;
 constexpr int kMaxHexDigits = 6;
 
 bool IsControl(char16_t unit) { return unit < 0x20 || unit == 0x7F; }
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 // True when `units` come back unchanged through the code page.
 bool RoundTrips(std::u16string_view units) {
@@ -47,16 +46,6 @@ int HexValue(char16_t unit) {
   return -1;
 }
 
-void AppendCodePoint(std::u16string& out, char32_t codePoint) {
-  if (codePoint <= 0xFFFF) {
-    out += static_cast<char16_t>(codePoint);  // a lone surrogate comes back as the unit it was
-    return;
-  }
-  codePoint -= 0x10000;
-  out += static_cast<char16_t>(0xD800 + (codePoint >> 10));
-  out += static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
-}
-
 }  // namespace
 
 CString EscapeIniValue(const CString& value) {
@@ -64,8 +53,7 @@ CString EscapeIniValue(const CString& value) {
   if (!NeedsEscape(units)) return value;
   std::u16string out;
   for (size_t i = 0; i < units.size();) {
-    size_t width = IsHighSurrogate(units[i]) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])
-                       ? 2 : 1;
+    const size_t width = CharacterUnits(units, i);
     std::u16string_view character(units.data() + i, width);
     bool escape = IsControl(units[i]) ||
                   (units[i] == u'&' && i + 1 < units.size() && units[i + 1] == u'#') ||
@@ -73,8 +61,7 @@ CString EscapeIniValue(const CString& value) {
     if (!escape) {
       out += character;
     } else if (width == 2) {
-      const char32_t high = units[i] - 0xD800, low = units[i + 1] - 0xDC00;
-      AppendReference(out, 0x10000 + (high << 10) + low);
+      AppendReference(out, CodePointOfPair(units[i], units[i + 1]));
     } else {
       AppendReference(out, units[i]);
     }

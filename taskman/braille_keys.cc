@@ -5,6 +5,7 @@
 
 #include "app/frame_ids.h"
 #include "controls/control_keys.h"
+#include "platform/utf16_units.h"
 
 namespace {
 
@@ -45,12 +46,7 @@ DisplayInput Key(uint32_t code) { return {DisplayInput::kKey, code}; }
 // One character as UTF-16.
 CString Character(uint32_t code) {
   std::u16string units;
-  if (code < 0x10000) {
-    units += static_cast<char16_t>(code);
-  } else {
-    units += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-    units += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
-  }
+  AppendCodePoint(units, code);
   return CString(units);
 }
 
