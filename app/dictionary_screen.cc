@@ -4,7 +4,6 @@
 // the prompt. The list changes in memory only: the settings file gets it
 // when the reader closes. The selection is listState 0, the one the search
 // screen uses too.
-#include "app/focus_ring.h"
 #include "app/main_frame.h"
 
 namespace {
@@ -22,22 +21,12 @@ void CMainFrame::OpenDictionaryScreen() {
   RenderFocus();
 }
 
-void CMainFrame::LeaveDictionaryScreen() {
-  SaveFocusState();
-  screen = SCREEN_SEARCH;
-  focus = screenFocus[SCREEN_SEARCH];
-  RenderFocus();
-}
-
 int CMainFrame::DictionaryScreenKey(uint32_t key, long) {
   if (key == CK_EXIT || key == CK_BACK) {
-    LeaveDictionaryScreen();
+    ReturnToScreen(SCREEN_SEARCH);
     return 1;
   }
-  if (const int step = RingStep(key)) {
-    MoveFocus(RingNeighbour(kDictionaryRing, focus, step));
-    return 1;
-  }
+  if (StepRing(key, kDictionaryRing)) return 1;
   if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_DICT_LIST:
@@ -50,7 +39,7 @@ int CMainFrame::DictionaryScreenKey(uint32_t key, long) {
       AskToDeleteDictionary();
       break;
     default:
-      LeaveDictionaryScreen();
+      ReturnToScreen(SCREEN_SEARCH);
       break;
   }
   return 1;

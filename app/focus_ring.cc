@@ -25,3 +25,17 @@ void CMainFrame::MoveFocus(int32_t id) {
   screenFocus[screen] = id;
   RenderFocus();
 }
+
+bool CMainFrame::StepRing(uint32_t key, std::span<const int32_t> ring, int32_t skip) {
+  const int step = RingStep(key);
+  if (step == 0) return false;
+  MoveFocus(RingNeighbour(ring, focus, step, skip));
+  return true;
+}
+
+void CMainFrame::ReturnToScreen(int32_t to) {
+  SaveFocusState();
+  screen = to;
+  focus = screenFocus[to];
+  RenderFocus();
+}

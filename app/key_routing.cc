@@ -53,6 +53,13 @@ void CMainFrame::HandleScreenKey(uint32_t key, long lParam) {
 }
 
 int CMainFrame::ScreenKey(uint32_t key, long lParam) {
+  // The lookup screens open the menu; on the others the key goes on.
+  if (key == KEY_MENU && (screen == SCREEN_SEARCH || screen == SCREEN_RESULTS ||
+                          screen == SCREEN_ARTICLE)) {
+    SaveFocusState();
+    OpenMainMenu();
+    return 1;
+  }
   switch (screen) {
     case SCREEN_SEARCH:
       return SearchScreenKey(key, lParam);

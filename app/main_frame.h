@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include "app/frame_ids.h"
 #include "app/frame_window.h"
@@ -112,6 +113,12 @@ class CMainFrame : public CVekFrameWnd {
   // A focus move on the current screen: SaveFocusState, `id` becomes
   // `focus` and the screen's remembered focus, RenderFocus.
   void MoveFocus(int32_t id);
+  // KEY_NEXT_CTRL and KEY_PREV_CTRL move round `ring`, passing over `skip`
+  // (app/focus_ring.h); false for any other key.
+  bool StepRing(uint32_t key, std::span<const int32_t> ring, int32_t skip = -1);
+  // Back to screen `to` on the control it had last: SaveFocusState first,
+  // RenderFocus after.
+  void ReturnToScreen(int32_t to);
 
   // The button of focus id 8 to 16, else null.
   CVekButtonCtrl* ButtonOf(int32_t focusId) const;
@@ -175,11 +182,8 @@ class CMainFrame : public CVekFrameWnd {
   void LookupCandidate();
   void RunLookup(const CString& word);
   void OpenArticle();
-  void LeaveResultScreen();
-  void LeaveArticleScreen();
   // Steps of the management screens (app/dictionary_screen.cc,
   // app/register_screen.cc); each ends the handling of its key.
-  void LeaveDictionaryScreen();
   void AddDictionary();
   void AskToDeleteDictionary();
   void RegisterBook();

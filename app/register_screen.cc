@@ -3,7 +3,6 @@
 // skipped while there is none), edits its name (FOCUS_EDIT_NAME) and
 // registers it or cancels. BookCandidateList keeps each book as the catalog
 // gave it; BookTitleList, at the same index, the name the user edits.
-#include "app/focus_ring.h"
 #include "app/main_frame.h"
 #include "store/book_discovery.h"
 
@@ -90,12 +89,8 @@ int CMainFrame::RegisterScreenKey(uint32_t key, long) {
       CancelRegistering();
     return 1;
   }
-  if (const int step = RingStep(key)) {
-    // The book list is passed over while it is empty.
-    MoveFocus(RingNeighbour(kRegisterRing, focus, step,
-                            BookCandidateList.empty() ? FOCUS_BOOK_LIST : -1));
-    return 1;
-  }
+  // The book list is passed over while it is empty.
+  if (StepRing(key, kRegisterRing, BookCandidateList.empty() ? FOCUS_BOOK_LIST : -1)) return 1;
   if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_BOOK_LIST:

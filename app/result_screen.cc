@@ -1,7 +1,6 @@
 // SCREEN_RESULTS: the articles found, the button "開く", the forward-match
 // candidates, the button "検索開始" that looks a candidate up, and "閉じる",
 // in a ring. Leaving goes back to the search screen on the focus it had.
-#include "app/focus_ring.h"
 #include "app/main_frame.h"
 
 namespace {
@@ -40,27 +39,12 @@ void CMainFrame::LookupCandidate() {
   RunLookup(key);
 }
 
-void CMainFrame::LeaveResultScreen() {
-  SaveFocusState();
-  screen = SCREEN_SEARCH;
-  focus = screenFocus[SCREEN_SEARCH];
-  RenderFocus();
-}
-
 int CMainFrame::ResultScreenKey(uint32_t key, long) {
-  if (key == KEY_MENU) {
-    SaveFocusState();
-    OpenMainMenu();
-    return 1;
-  }
   if (key == CK_EXIT || key == CK_BACK) {
-    LeaveResultScreen();
+    ReturnToScreen(SCREEN_SEARCH);
     return 1;
   }
-  if (const int step = RingStep(key)) {
-    MoveFocus(RingNeighbour(kResultRing, focus, step));
-    return 1;
-  }
+  if (StepRing(key, kResultRing)) return 1;
   if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_RESULT_LIST:
@@ -72,7 +56,7 @@ int CMainFrame::ResultScreenKey(uint32_t key, long) {
       LookupCandidate();
       return 1;
     case FOCUS_BTN_CLOSE:
-      LeaveResultScreen();
+      ReturnToScreen(SCREEN_SEARCH);
       return 1;
     default:
       return 0;

@@ -1,8 +1,7 @@
 // SCREEN_SEARCH: the dictionary list, the word field and the buttons
-// "検索開始", "辞書の追加と削除" and "閉じる" in a ring. KEY_ENTER on the
-// field or on "検索開始" looks the word up; KEY_BACK is no key of this
+// "検索開始", "辞書の追加と削除" and "閉じる" in a ring. CK_ENTER on the
+// field or on "検索開始" looks the word up; CK_BACK is no key of this
 // screen and goes to the focused control.
-#include "app/focus_ring.h"
 #include "app/main_frame.h"
 
 namespace {
@@ -29,15 +28,7 @@ int CMainFrame::SearchScreenKey(uint32_t key, long) {
     PostMessage(GetSafeHwnd(), WM_CLOSE, 0, 0);
     return 1;
   }
-  if (key == KEY_MENU) {
-    SaveFocusState();
-    OpenMainMenu();
-    return 1;
-  }
-  if (const int step = RingStep(key)) {
-    MoveFocus(RingNeighbour(kSearchRing, focus, step));
-    return 1;
-  }
+  if (StepRing(key, kSearchRing)) return 1;
   if (key != CK_ENTER) return 0;
   switch (focus) {
     case FOCUS_DICT_LIST:
