@@ -8,7 +8,6 @@
 #include "testing/epwingdict_runner.h"
 #include "testing/word_book.h"
 #include "tools/body_text.h"
-#include "tools/book_writer.h"
 #include "tools/index_tree_writer.h"
 #include "tools/jis_text.h"
 
@@ -81,16 +80,8 @@ TEST_F(HostileWordsRunTest, ACandidateThatLooksLikeAnOptionIsASearch) {
 // A book whose article never ends: the reader stops the engine at the work
 // file's limit, says so, and shows what came until then.
 TEST_F(HostileWordsRunTest, AnEndlessArticleIsStoppedAndSaidSo) {
-  BookTree tree(BookType::kEpwing);
-  Book& book = tree.add_book("辞書", "JITEN");
-  std::u8string endless;
-  for (int i = 0; i < 2200000; ++i) endless += u8"あ";
-  BodyText body;
-  body.text(endless);
-  const int32_t text = (book.text.add_area(0x00, body.data()) - 1) * 2048;
-  book.text.add_area(0x91, index_tree({{0, utf8_to_jis("あ"), text, text, 0}}, book.text.next_page()));
   std::filesystem::remove_all(card / "epwing" / "plus");
-  tree.write(card / "epwing" / "plus");
+  write_endless_book(card / "epwing" / "plus", 2200000);
 
   ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext あ\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n"), 0)
       << ReadWholeFile(work / "stderr.txt");

@@ -10,6 +10,7 @@
 #include "results/work_file_parser.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
+#include "testing/word_book.h"
 #include "tools/body_text.h"
 #include "tools/book_writer.h"
 #include "tools/index_tree_writer.h"
@@ -114,15 +115,7 @@ TEST_F(LookupTest, AWordIsNeverAnOptionNorAPosition) {
 // A book whose one article never ends: the engine is stopped at the work
 // file's limit, and the article is kept, bounded, with the cut mark.
 TEST_F(LookupTest, AnEndlessArticleIsCutAtTheLimit) {
-  BookTree tree(BookType::kEpwing);
-  Book& book = tree.add_book("辞書", "JITEN");
-  std::u8string endless;
-  for (int i = 0; i < 500000; ++i) endless += u8"あ";
-  BodyText body;
-  body.text(endless);
-  const int32_t text = (book.text.add_area(0x00, body.data()) - 1) * 2048;
-  book.text.add_area(0x91, index_tree({{0, utf8_to_jis("あ"), text, text, 0}}, book.text.next_page()));
-  tree.write(card_ / "endless");
+  write_endless_book(card_ / "endless", 500000);
 
   EngineBooks books({4000, 256 * 1024});
   int32_t result = 0;

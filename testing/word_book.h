@@ -21,4 +21,8 @@
 void write_word_book(const std::filesystem::path& folder, const BodyText& body, BodyText heads,
                      std::vector<IndexLeafEntry> entries);
 
+// Writes at `folder` a book of the same title whose one entry, あ, opens
+// an article of `length` あ with no end, its head line the article's start.
+void write_endless_book(const std::filesystem::path& folder, int length);
+
 #endif  // TESTING_WORD_BOOK_H_
