@@ -9,53 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "testing/fake_braille_display.h"
 #include "testing/notice_stream.h"
 
 namespace {
-
-// A display of `width` cells that keeps what was written, and fails from
-// the write numbered `failAt` on (0: never).
-class FakeDisplay : public BrailleDisplay {
- public:
-  explicit FakeDisplay(int width, bool opens = true) : width_(width), opens_(opens) {}
-  const char* Name() const override { return "fake"; }
-  bool Open(std::string& why) override {
-    why = "no server";
-    return opens_;
-  }
-  int Width() const override { return width_; }
-  bool Write(const std::u16string& cells, int cursor, std::string& why) override {
-    if (failAt > 0 && static_cast<int>(written.size()) + 1 >= failAt) {
-      why = "gone";
-      return false;
-    }
-    written.push_back(cells.substr(0, static_cast<size_t>(width_)));
-    cursors.push_back(cursor);
-    return true;
-  }
-  int KeyDescriptor() const override { return -1; }
-  int ReadKey(uint64_t& key, std::string& why) override {
-    if (keys.empty()) {
-      why = "gone";
-      return keysLost ? -1 : 0;
-    }
-    key = keys.front();
-    keys.erase(keys.begin());
-    return 1;
-  }
-  void Release() override { written.push_back(u"(released)"); }
-  bool Retake(std::string&) override { return true; }
-
-  std::vector<std::u16string> written;  // each write, as many cells as fit
-  std::vector<int> cursors;             // the cursor of each write
-  std::vector<uint64_t> keys;           // keys to hand out
-  bool keysLost = false;                // no keys left means lost
-  int failAt = 0;                       // the first write that fails
-
- private:
-  int width_;
-  bool opens_;
-};
 
 // A translation where a kanji makes two cells and anything else one.
 std::u16string Cells(std::u16string_view text) {

@@ -2,10 +2,6 @@
 // configuration, socket and logs in the test's folder, and an output
 // module that writes each utterance it gets to a file instead of sounding
 // it. Skipped, saying why, where the server is not installed.
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -18,9 +14,8 @@
 
 #include "platform/utf8_text.h"
 #include "reading/reading.h"
+#include "testing/background_process.h"
 #include "testing/epwingdict_runner.h"
-
-extern char** environ;
 
 namespace {
 
@@ -68,13 +63,6 @@ class SpeechdRunTest : public EpwingdictRunner {
     said = server / "said.txt";
     pidFile = server / "pid";
   }
-  void TearDown() override {
-    if (pid > 0) {
-      kill(pid, SIGTERM);
-      waitpid(pid, nullptr, 0);
-    }
-  }
-
   // Starts the server; its module records each utterance in `said`, and
   // with `dieAfter` > 0 kills the server once that many have come.
   void StartServer(int dieAfter = 0) {
@@ -94,17 +82,7 @@ class SpeechdRunTest : public EpwingdictRunner {
     const std::vector<std::string> args = {kServer, "-s", "-t", "0", "-C", server.string(),
                                            "-S", socket.string(), "-P", pidFile.string(),
                                            "-L", server.string()};
-    std::vector<char*> argv;
-    for (const std::string& arg : args) argv.push_back(const_cast<char*>(arg.c_str()));
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, log.c_str(),
-                                     O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
-    ASSERT_EQ(posix_spawn(&pid, kServer, &actions, nullptr, argv.data(), environ), 0);
-    posix_spawn_file_actions_destroy(&actions);
+    ASSERT_TRUE(process.Start(args, log));
     // Ready once it listens: a few seconds at most.
     for (int tries = 0; tries < 100 && !std::filesystem::exists(socket); ++tries)
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
@@ -125,7 +103,7 @@ class SpeechdRunTest : public EpwingdictRunner {
   }
 
   std::filesystem::path server, socket, said, pidFile;  // the server's folder and files
-  pid_t pid = -1;                                       // the server, once started
+  BackgroundProcess process;                            // the server, once started
 };
 
 }  // namespace
@@ -150,8 +128,7 @@ TEST_F(SpeechdRunTest, AServerThatDiesIsToldOnceAndNoKeyIsLost) {
   // The server is killed at the first utterance it gets, well before the
   // reader goes on.
   ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext は\npause 300\ntext な\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n"), 0);
-  waitpid(pid, nullptr, 0);
-  pid = -1;
+  process.Reap();
   // Every key had its effect, to the close that saves the settings.
   EXPECT_TRUE(HasLinesInOrder(Transcript(), {"BRL 検索ワード:はな", "TTS 検索結果:はな【花】",
                                              "ENDED"}));
