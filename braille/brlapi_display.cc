@@ -52,6 +52,12 @@ bool BrlapiDisplay::Open(std::string& why) {
 }
 
 bool BrlapiDisplay::Take(std::string& why) {
+  // The Braille keyboard's cells are asked for as dots, which the reader
+  // reads as Japanese Braille. Where BRLTTY still makes characters of them
+  // (through its text table), ReadKey turns them back into their cells.
+  const brlapi_param_retainDots_t retain = 1;
+  brlapi_setParameter(BRLAPI_PARAM_RETAIN_DOTS, 0, BRLAPI_PARAMF_LOCAL, &retain, sizeof retain);
+  rows_.clear();
   if (brlapi_enterTtyMode(BRLAPI_TTY_DEFAULT, nullptr) < 0 &&
       brlapi_enterTtyModeWithPath(nullptr, 0, nullptr) < 0)
     return Lost(why);
@@ -89,8 +95,29 @@ int BrlapiDisplay::ReadKey(uint64_t& key, std::string& why) {
     Lost(why);
     return -1;
   }
-  key = code;
+  key = got > 0 ? TypedCell(code) : code;
   return got;
+}
+
+uint64_t BrlapiDisplay::TypedCell(uint64_t key) {
+  if ((key & BRLAPI_KEY_TYPE_MASK) != BRLAPI_KEY_TYPE_SYM) return key;
+  const uint64_t code = key & BRLAPI_KEY_CODE_MASK;
+  const uint64_t character = (code & 0xFF000000) == BRLAPI_KEY_SYM_UNICODE ? code & 0xFFFFFF
+                             : code >= 0x20 && code < 0x100             ? code
+                                                                          : 0;
+  if (character == 0) return key;  // a key such as Enter or an arrow
+  const uint32_t row = static_cast<uint32_t>(character >> 8);
+  auto found = rows_.find(row);
+  if (found == rows_.end()) {
+    brlapi_param_computerBrailleRowCells_t cells{};
+    if (brlapi_getParameter(BRLAPI_PARAM_COMPUTER_BRAILLE_ROW_CELLS, row, BRLAPI_PARAMF_GLOBAL,
+                            &cells, sizeof cells) != static_cast<ssize_t>(sizeof cells))
+      cells = {};  // a row the table leaves out: nothing defined
+    found = rows_.emplace(row, cells).first;
+  }
+  const uint8_t column = static_cast<uint8_t>(character & 0xFF);
+  if ((found->second.defined[column / 8] & (1u << (column % 8))) == 0) return key;
+  return BRLAPI_KEY_TYPE_CMD | BRLAPI_KEY_CMD_PASSDOTS | found->second.cells[column];
 }
 
 void BrlapiDisplay::Release() {

@@ -2,9 +2,16 @@
 // library's default (BRLAPI_HOST, else the local one) with its usual key
 // (BRLAPI_AUTH). The reader takes the terminal it runs on (WINDOWID,
 // CONTROLVT or its own tty, as the library finds it), or the whole display
-// when it runs on none, and asks for keys as BRLTTY's commands.
+// when it runs on none, and asks for keys as BRLTTY's commands. Cells typed
+// on the display's Braille keyboard come as cells (BRLAPI_KEY_CMD_PASSDOTS),
+// also where BRLTTY has made characters of them through its text table.
 #ifndef BRAILLE_BRLAPI_DISPLAY_H_
 #define BRAILLE_BRLAPI_DISPLAY_H_
+
+#include <brlapi.h>
+
+#include <cstdint>
+#include <map>
 
 #include "braille/braille_display.h"
 
@@ -31,10 +38,15 @@ class BrlapiDisplay : public BrailleDisplay {
   // Closes what is left of a connection that failed; false, with the
   // library's words for the failure in `why`.
   bool Lost(std::string& why);
+  // `key`, or, for a character that BRLTTY's text table makes of a cell
+  // typed on the Braille keyboard, that cell (BRLAPI_KEY_CMD_PASSDOTS).
+  uint64_t TypedCell(uint64_t key);
 
   int descriptor_ = -1;  // the connection, -1 when there is none
   int width_ = 0;        // cells across the display
   bool taken_ = false;   // the display is ours (tty mode)
+  // The cells of BRLTTY's text table, by Unicode row, as far as asked.
+  std::map<uint32_t, brlapi_param_computerBrailleRowCells_t> rows_;
 };
 
 #endif  // BRAILLE_BRLAPI_DISPLAY_H_

@@ -21,6 +21,7 @@
 #include "taskman/task_manager.h"
 #include "taskman/task_script.h"
 #include "taskman/keyboard_map.h"
+#include "taskman/input_wait.h"
 #include "taskman/terminal_keys.h"
 #include "braille/braille_presenter.h"
 #include "braille/brlapi_display.h"
@@ -218,17 +219,21 @@ int main(int argc, char** argv) {
   for (TranscriptWriter* writer : lines.writers()) taskManager.AddTranscript(writer);
   if (!channels.empty()) taskManager.SetBeepSound([&](int32_t) { speaking.Beep(); });
 
+  // At the keyboard, keys come from the terminal and from the display;
+  // Ctrl-Z gives both back.
   std::unique_ptr<TerminalKeys> keyboard;
+  std::unique_ptr<InputWait> input;
   size_t next = 0;
   if (interactive) {
     keyboard = std::make_unique<TerminalKeys>(STDIN_FILENO);
+    input = std::make_unique<InputWait>(*keyboard, &braille);
     std::fputs("epwingdict: F1 tells the keys; Ctrl-Q closes (saving the settings).\n", console);
   }
   SetMessageSource([&]() {
     if (taskManager.AppEnded()) return false;
     TaskAction action;
     if (interactive) {
-      if (!keyboard->Next(action)) return false;
+      if (!input->Next(action)) return false;
     } else {
       if (next >= script.size()) return false;
       action = script[next++];
@@ -249,6 +254,7 @@ int main(int argc, char** argv) {
   }
   SetMessageSource(nullptr);
   SetPresenter(nullptr);
+  input.reset();
   keyboard.reset();
   if (transcriptFile != console) std::fclose(transcriptFile);
   std::fclose(console);

@@ -1,5 +1,6 @@
 #include "taskman/terminal_keys.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <unistd.h>
@@ -72,11 +73,21 @@ struct termios heldSaved{};
 struct termios heldRaw{};
 struct sigaction previousStop{};
 struct sigaction previousContinue{};
+// Deferred stops: a byte in the pipe (read end [0]) for each Ctrl-Z not
+// yet acted on; {-1, -1} while stops are not deferred.
+int stopPipe[2] = {-1, -1};
+volatile sig_atomic_t stopAsked = 0;
 
 void OnStop(int) {
   const int savedErrno = errno;
-  tcsetattr(heldFd, TCSANOW, &heldSaved);
-  kill(getpid(), SIGSTOP);
+  if (stopPipe[1] >= 0) {
+    stopAsked = 1;
+    const char note = 'z';
+    (void)!write(stopPipe[1], &note, 1);
+  } else {
+    tcsetattr(heldFd, TCSANOW, &heldSaved);
+    kill(getpid(), SIGSTOP);
+  }
   errno = savedErrno;
 }
 
@@ -130,8 +141,35 @@ TerminalKeys::~TerminalKeys() {
     sigaction(SIGTSTP, &previousStop, nullptr);
     sigaction(SIGCONT, &previousContinue, nullptr);
     heldFd = -1;
+    for (int& end : stopPipe) {
+      if (end >= 0) close(end);
+      end = -1;
+    }
+    stopAsked = 0;
   }
   if (restore_) tcsetattr(fd_, TCSANOW, &saved_);
+}
+
+void TerminalKeys::DeferStops() {
+  if (!holdsSignals_ || stopPipe[0] >= 0) return;
+  int ends[2];
+  if (pipe2(ends, O_NONBLOCK | O_CLOEXEC) != 0) return;  // stops stay immediate
+  stopPipe[0] = ends[0];
+  stopPipe[1] = ends[1];
+}
+
+int TerminalKeys::StopDescriptor() const { return holdsSignals_ ? stopPipe[0] : -1; }
+
+bool TerminalKeys::StopPending() const { return holdsSignals_ && stopAsked != 0; }
+
+void TerminalKeys::StopHere() {
+  stopAsked = 0;
+  char notes[64];
+  while (stopPipe[0] >= 0 && read(stopPipe[0], notes, sizeof notes) > 0) {
+  }
+  if (restore_) tcsetattr(fd_, TCSANOW, &saved_);
+  kill(getpid(), SIGSTOP);
+  // OnContinue has taken the terminal over again by the time this returns.
 }
 
 // A signal (the continuation after Ctrl-Z, a resize) breaks off the wait
@@ -157,10 +195,16 @@ bool TerminalKeys::Fill(int timeoutMs) {
 
 bool TerminalKeys::Next(TaskAction& action) {
   for (;;) {
-    if (pending_.empty() && !Fill(-1)) return false;
+    if (const int ready = Ready(action); ready != 0) return ready > 0;
+    if (!Fill(-1)) return false;
+  }
+}
+
+int TerminalKeys::Ready(TaskAction& action) {
+  for (;;) {
+    if (pending_.empty() && !Fill(0)) return ended_ ? -1 : 0;
     const int taken = Take(action);
-    if (taken < 0) return false;
-    if (taken > 0) return true;
+    if (taken != 0) return taken;
   }
 }
 

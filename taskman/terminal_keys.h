@@ -4,7 +4,9 @@
 // echo for as long as a TerminalKeys object lives; signals such as Ctrl-C
 // keep working. Ctrl-Z gives the terminal back as it was before the
 // process stops, and `fg` takes it over again; a signal (a resize, the
-// continuation) never ends the input.
+// continuation) never ends the input. A reader that must do more before
+// it stops (give a Braille display back) defers the stops: Ctrl-Z is then
+// only noted, and its own wait stops the process (StopPending, StopHere).
 //
 // The map, with the names and meanings that --help and the spoken help
 // give, is taskman/keyboard_map.cc:
@@ -49,6 +51,23 @@ class TerminalKeys {
   // Waits for the next key press; false at the end of input or Ctrl-D.
   // Keys with no meaning here are skipped.
   bool Next(TaskAction& action);
+  // The next key press that has already come, without waiting for more
+  // (beyond the rest of an escape sequence): 1 there was one, 0 none has
+  // come, -1 the end of input or Ctrl-D.
+  int Ready(TaskAction& action);
+  // The terminal, for a wait over it and other inputs.
+  int Descriptor() const { return fd_; }
+
+  // From now on Ctrl-Z only notes the stop and makes StopDescriptor()
+  // readable; the caller stops the process with StopHere when it is ready.
+  void DeferStops();
+  // Readable while a deferred stop waits; -1 when stops are not deferred.
+  int StopDescriptor() const;
+  // True while a deferred stop waits.
+  bool StopPending() const;
+  // Gives the terminal back as it was and stops the process; returns when
+  // it is continued (`fg`), with the terminal taken over again.
+  void StopHere();
 
  private:
   // Reads what is available into pending_, waiting at most `timeoutMs`
