@@ -13,7 +13,9 @@
 //   the blank     a space
 //
 // A sign waits for the cell behind it; a sign with a cell it cannot go
-// with is dropped and the cell typed as it stands. Cells that mean nothing
+// with is dropped and the cell typed as it stands. The cells are those of
+// the translation the display is written with (reading/braille_cells.h),
+// read backwards: a cell types what it shows. Cells that mean nothing
 // (dots 7 and 8 among them) type nothing and drop a waiting sign.
 #ifndef BRAILLE_KANA_KEYBOARD_H_
 #define BRAILLE_KANA_KEYBOARD_H_
@@ -30,10 +32,8 @@ class KanaKeyboard {
   void Reset();
 
  private:
-  enum class Sign { kNone, kVoiced, kSemiVoiced, kContracted, kVoicedContracted,
-                    kSemiVoicedContracted };
-  Sign sign_ = Sign::kNone;  // the sign waiting for its kana
-  bool number_ = false;      // behind the number sign
+  char16_t sign_ = 0;    // the cell of the sign waiting for its kana, 0 none
+  bool number_ = false;  // behind the number sign
 };
 
 // The dots of a cell written as digits ("136"); "0" the blank. False when

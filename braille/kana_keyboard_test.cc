@@ -6,6 +6,10 @@
 
 #include <sstream>
 #include <string>
+#include <vector>
+
+#include "reading/braille_cells.h"
+#include "reading/kana_text.h"
 
 namespace {
 
@@ -64,6 +68,29 @@ TEST(KanaKeyboardTest, WordsInJapaneseBraille) {
       {"136 0 13", u"は な"},
   };
   for (const Typed& word : kWords) EXPECT_EQ(TypeCells(word.cells), word.text) << word.cells;
+}
+
+// Whatever the display shows of a kana, typed cell by cell, types that
+// kana: the keyboard reads the display's own translation backwards.
+TEST(KanaKeyboardTest, TheCellsOfEveryKanaOnTheDisplayTypeItBack) {
+  std::vector<std::u16string> words;
+  for (char16_t kana = u'あ'; kana <= u'ゔ'; ++kana) {
+    const std::u16string word(1, kana);
+    // Small kana share the cells of their full-size ones; ゑ shares ⠖ with ！.
+    if (CountMorae(ToKatakana(word)) == 1 && kana != u'ゑ') words.push_back(word);
+  }
+  for (char16_t kana : std::u16string_view(u"きしちにひみりぎじぢびぴ"))
+    for (char16_t small : std::u16string_view(u"ゃゅょ")) words.push_back({kana, small});
+  words.push_back(u"1234567890");
+  words.push_back(u"3.14");
+  for (const std::u16string& word : words) {
+    KanaKeyboard keyboard;
+    std::u16string typed;
+    for (char16_t cell : KanaToCells(ToKatakana(word)))
+      typed += keyboard.Type(static_cast<uint8_t>(cell - 0x2800));
+    EXPECT_EQ(typed, word);
+  }
+  EXPECT_GT(words.size(), 100u);
 }
 
 TEST(KanaKeyboardTest, SignsWaitForTheirKanaAndGoWhenTheyCannotBeUsed) {

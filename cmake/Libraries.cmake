@@ -29,5 +29,5 @@ pkg_check_modules(ESPEAK_NG REQUIRED IMPORTED_TARGET espeak-ng)
 subsystem_library(speech FOLDERS speech DEPENDS controls platform reading PkgConfig::SPEECHD
                   PkgConfig::ESPEAK_NG)
 find_library(BRLAPI_LIBRARY brlapi REQUIRED)
-subsystem_library(braille FOLDERS braille DEPENDS controls platform ${BRLAPI_LIBRARY})
+subsystem_library(braille FOLDERS braille DEPENDS controls platform reading ${BRLAPI_LIBRARY})
 subsystem_library(taskman FOLDERS taskman DEPENDS app terminal braille)
