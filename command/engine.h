@@ -8,7 +8,8 @@
 
 // One run over an argument vector, as a command would be run: starts from
 // the environment and the defaults, treats each argument in turn, closes
-// every file at its end.
+// every file at its end, but for book files that stand unchanged: those
+// stay open, with what was read of them, for the next run to take up.
 void engine_main(int argc, char** argv);
 
 // Lists the titles of the catalog under `drive` into `buffer` ("title\n"

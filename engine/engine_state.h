@@ -93,22 +93,39 @@ struct FileStamp {
   int64_t changed_nanos;     // st_ctim.tv_nsec
 };
 
-// Bytes of one block of a book file as read and kept, the blocks kept, and
-// the open book files whose stamps are known.
+// Bytes of one block of a book file as read and kept, the blocks kept, the
+// blocks of one set (a block at a given offset is kept in one set only, so
+// that finding it looks at kBlockWays blocks, not all), and the open book
+// files whose stamps are known. The blocks hold what a few dozen lookups
+// read: the upper pages of an index and the articles read again.
 constexpr int kBlockSize = 4096;
-constexpr int kBlockCount = 32;
-constexpr int kStampedFiles = 8;
+constexpr int kBlockCount = 512;
+constexpr int kBlockWays = 8;
+constexpr int kBookFileSlots = 8;
+static_assert(kBlockCount % kBlockWays == 0);
 
 // A block of a book file, kept while the run reads on, so that going back
 // to a page (an index page between the articles it leads to) reads nothing;
 // kept after the file closes for the next open of the same unchanged file.
+// Its bytes are block_bytes at the same index, apart, so that going through
+// the blocks touches only their descriptions.
 struct BookBlock {
   FILE* file;          // the file it was read from while open; else null
   FileStamp stamp;     // that file as it stood when opened; zero: not kept past its close
   int64_t start;       // offset of its first byte in the file
   int32_t length;      // bytes it holds: kBlockSize, fewer where the file ends
-  uint32_t last_use;   // use count at its last use; the least recent goes first
-  unsigned char bytes[kBlockSize];  // the file's bytes from start on
+  uint32_t last_use;   // use count at its last use; the least recent of a set goes first
+};
+
+// A book file cdopen opened whose stamp is known: while in use, and after
+// cdclose, parked (still open) for the next cdopen of the same path, which
+// takes it up again while the path leads to the same unchanged file.
+struct BookFileSlot {
+  FILE* file;             // the open stream; null when the slot is free
+  FileStamp stamp;        // the file as it stood when opened; never zero
+  char path[kPathSize];   // the path cdopen made for it (under drive_path, lower case)
+  bool parked;            // closed by cdclose, waiting for the next cdopen of path
+  uint32_t parked_at;     // park count when parked; the oldest goes first
 };
 
 // Where the reading of a book file stands. Book files are read by block at
@@ -163,8 +180,8 @@ struct EngineState {
   BookReader reader;            // the position and flags of current_file
   BookBlock blocks[kBlockCount];  // blocks of the open book files, read once each
   uint32_t block_uses;          // uses of blocks so far, for last_use
-  FILE* stamped_files[kStampedFiles];      // open book files whose stamps are known
-  FileStamp file_stamps[kStampedFiles];    // their stamps, taken when they opened
+  BookFileSlot book_files[kBookFileSlots];  // open book files whose stamps are known
+  uint32_t park_count;          // book files parked so far, for parked_at
   FoundPath found_paths[kFoundPathSlots];  // found book file paths, kept between runs
   uint32_t found_path_next;     // the slot the next path found takes (in turn)
   FILE* output;                 // where results go
@@ -200,10 +217,11 @@ struct EngineState {
   FILE* std_in;                 // the engine's standard input
   FILE* std_out;                // the engine's standard output
   FILE* std_err;                // the engine's standard error
+  alignas(kBlockSize) unsigned char block_bytes[kBlockCount][kBlockSize];  // each block's bytes, a page each
 };
 
-// The one instance. Zero-initialised at start, except the fields the
-// definition gives (shown_attribute -1, the standard streams).
+// The one instance. Zero-initialised at start, except the fields set before
+// main (shown_attribute -1, the standard streams).
 extern EngineState engine;
 
 #endif  // ENGINE_ENGINE_STATE_H_

@@ -19,18 +19,27 @@
 // runs off the end of one file carries on in the file that holds the next
 // position.
 //
-// Files are read in blocks of kBlockSize at their offsets, and the last
-// kBlockCount blocks are kept: a walk that goes from an index page to an
-// article and back reads the page once, and a seek or the position costs
-// no system call. A block carries the stamp of its file as it stood when
-// opened (device, inode, size, modification and change times), and is
-// kept past the file's close: the next open of a file with the very same
-// stamp, in this run or a later one, takes it up again. Any write to the
-// file moves its change time, which cannot be set back, and a file put in
-// its place has another inode; a file changed within the last second gets
-// no stamp, and its blocks go when it closes (engine/find_file.h). engine.reader stands for the stream's
-// position and its end and error flags, with the stream's rules: a read past
-// the end sets the end flag and reads nothing more until a seek clears it.
+// Files are read in blocks of kBlockSize at their offsets, and kBlockCount
+// blocks are kept, in sets of kBlockWays by their offset, the least
+// recently used of a set giving way: a walk that goes from an index page
+// to an article and back reads the page once, and a seek or the position
+// costs no system call. A block carries the stamp of its file as it stood
+// when opened (device, inode, size, modification and change times).
+//
+// cdclose closes a book file with a stamp only in name: it stays open,
+// parked with its blocks, and the next cdopen of the same path, in this run
+// or a later one, takes it up again after one stat of the file (and one of
+// each directory listed to find it) shows the path still leads to the very
+// same stamp. A parked file that no longer does is closed; so is the one
+// parked longest when its slot is wanted. Blocks of a file closed for good
+// wait, by their stamp, for its next open. Any write to the file moves its
+// change time, which cannot be set back, and a file put in its place has
+// another inode; a file changed within the last second gets no stamp, is
+// closed by cdclose, and its blocks go (engine/find_file.h).
+//
+// engine.reader stands for the stream's position and its end and error
+// flags, with the stream's rules: a read past the end sets the end flag and
+// reads nothing more until a seek clears it.
 #include "engine/file_access.h"
 
 #include <unistd.h>
@@ -78,42 +87,107 @@ void free_block(BookBlock& block) {
   block.last_use = 0;
 }
 
-// The stamp `file` got when cdopen opened it; zero when it has none.
-FileStamp stamp_of(FILE* file) {
-  for (int i = 0; i < kStampedFiles; ++i) {
-    if (engine.stamped_files[i] == file) return engine.file_stamps[i];
+// The slot of `file`, or null when it has none.
+BookFileSlot* slot_of(FILE* file) {
+  for (BookFileSlot& slot : engine.book_files) {
+    if (slot.file == file) return &slot;
   }
-  return FileStamp{};
+  return nullptr;
 }
 
-// Notes the stamp of `file`, just opened, and gives it the kept blocks of
-// the same unchanged file. A file with no free slot gets no stamp.
-void take_up_blocks(FILE* file, const FileStamp& stamp) {
+// The stamp `file` got when cdopen opened it; zero when it has none.
+FileStamp stamp_of(FILE* file) {
+  const BookFileSlot* slot = file ? slot_of(file) : nullptr;
+  return slot ? slot->stamp : FileStamp{};
+}
+
+// Blocks of `file` are no longer its: they wait, by their stamp, for the
+// next open of the same unchanged file.
+void detach_blocks(FILE* file) {
+  for (BookBlock& block : engine.blocks) {
+    if (block.file == file) block.file = nullptr;
+  }
+}
+
+// Closes a parked file for good and frees its slot.
+void close_parked(BookFileSlot& slot) {
+  detach_blocks(slot.file);
+  fclose(slot.file);
+  slot = BookFileSlot{};
+}
+
+// A slot for a file just opened: a free one, else the one parked longest,
+// closed now; null when every slot holds a file in use.
+BookFileSlot* free_slot() {
+  BookFileSlot* oldest = nullptr;
+  for (BookFileSlot& slot : engine.book_files) {
+    if (!slot.file) return &slot;
+    if (slot.parked && (!oldest || slot.parked_at < oldest->parked_at)) oldest = &slot;
+  }
+  if (oldest) close_parked(*oldest);
+  return oldest;
+}
+
+// Notes the stamp of `file`, just opened at `path`, and gives it the kept
+// blocks of the same unchanged file. A file with no slot gets no stamp.
+void take_up_blocks(FILE* file, const FileStamp& stamp, const char* path) {
   if (stamp.inode == 0) return;
-  for (int i = 0; i < kStampedFiles; ++i) {
-    if (engine.stamped_files[i]) continue;
-    engine.stamped_files[i] = file;
-    engine.file_stamps[i] = stamp;
-    for (BookBlock& block : engine.blocks) {
-      if (!block.file && same_stamp(block.stamp, stamp)) block.file = file;
+  BookFileSlot* slot = free_slot();
+  if (!slot) return;
+  slot->file = file;
+  slot->stamp = stamp;
+  strcpy(slot->path, path);
+  for (BookBlock& block : engine.blocks) {
+    if (!block.file && same_stamp(block.stamp, stamp)) block.file = file;
+  }
+}
+
+// The file parked for `path`, taken up again, while the path leads to the
+// same unchanged file; one that no longer does is closed.
+FILE* take_parked(const char* path) {
+  for (BookFileSlot& slot : engine.book_files) {
+    if (!slot.parked || strcmp(slot.path, path) != 0) continue;
+    if (still_leads_to(path, slot.stamp)) {
+      slot.parked = false;
+      return slot.file;
     }
+    close_parked(slot);
+  }
+  return nullptr;
+}
+
+// `file`, which cdclose is done with: parked when it has a stamp, its
+// blocks staying with it; else closed, and what was read of it goes.
+void release(FILE* file) {
+  if (BookFileSlot* slot = slot_of(file)) {
+    slot->parked = true;
+    slot->parked_at = ++engine.park_count;
     return;
   }
+  cdforget(file);
+  fclose(file);
+}
+
+// The bytes `block` holds.
+unsigned char* bytes_of(const BookBlock* block) {
+  return engine.block_bytes[block - engine.blocks];
 }
 
 // The block of `file` that holds `offset`, read now unless it is kept; null
 // when the read fails.
 BookBlock* block_at(FILE* file, int64_t offset) {
   const int64_t start = offset - offset % kBlockSize;
-  BookBlock* oldest = &engine.blocks[0];
-  for (BookBlock& block : engine.blocks) {
-    if (block.file == file && block.start == start) {
-      block.last_use = ++engine.block_uses;
-      return &block;
+  constexpr int64_t kSets = kBlockCount / kBlockWays;
+  BookBlock* const set = &engine.blocks[start / kBlockSize % kSets * kBlockWays];
+  BookBlock* oldest = set;
+  for (BookBlock* block = set; block < set + kBlockWays; ++block) {
+    if (block->file == file && block->start == start) {
+      block->last_use = ++engine.block_uses;
+      return block;
     }
-    if (block.last_use < oldest->last_use) oldest = &block;
+    if (block->last_use < oldest->last_use) oldest = block;
   }
-  const ssize_t got = pread(fileno(file), oldest->bytes, kBlockSize, start);
+  const ssize_t got = pread(fileno(file), bytes_of(oldest), kBlockSize, start);
   if (got < 0) {
     free_block(*oldest);
     return nullptr;
@@ -138,7 +212,7 @@ BookBlock* block_at(FILE* file, int64_t offset) {
   const int64_t inside = place.offset - block->start;
   if (inside < 0 || inside + static_cast<int64_t>(size) > block->length) return nullptr;
   place.offset += static_cast<int64_t>(size);
-  return block->bytes + inside;
+  return bytes_of(block) + inside;
 }
 
 // Up to `size` bytes of current_file from the reader's offset on, as fread
@@ -168,7 +242,7 @@ size_t read_bytes(unsigned char* bytes, size_t size) {
       break;
     }
     const size_t take = std::min(size - got, static_cast<size_t>(block->length - inside));
-    memcpy(bytes + got, block->bytes + inside, take);
+    memcpy(bytes + got, bytes_of(block) + inside, take);
     got += take;
     place.offset += static_cast<int64_t>(take);
   }
@@ -233,13 +307,14 @@ FILE* cdopen(const char* name) {
     const char* base = strrchr(path, '/');
     if (!strchr(base ? base : path, '.')) strcat(path, ".");
   }
+  if (FILE* parked = take_parked(path)) return parked;
   FileStamp stamp;
   FILE* file = open_book_file(path, &stamp);
   // A stream closed behind the engine's back may come again under the same
   // address: nothing kept of the old one may pass for the new one.
   if (file) {
     cdforget(file);
-    take_up_blocks(file, stamp);
+    take_up_blocks(file, stamp, path);
   }
   return file;
 }
@@ -248,29 +323,28 @@ void cdforget(FILE* file) {
   for (BookBlock& block : engine.blocks) {
     if (block.file == file) free_block(block);
   }
-  for (FILE*& stamped : engine.stamped_files) {
-    if (stamped == file) stamped = nullptr;
-  }
+  if (BookFileSlot* slot = slot_of(file)) *slot = BookFileSlot{};
   if (engine.reader.file == file) engine.reader = BookReader{};
 }
 
 void cdclose() {
   if (engine.flags & DF_FILE_TABLE) {
     for (LogicalFile* row = table_rows(); row->name; ++row) {
-      if (row->stream) fclose(row->stream);
+      if (row->stream) release(row->stream);
       row->stream = nullptr;
     }
   } else if (engine.current_file) {
-    fclose(engine.current_file);
+    release(engine.current_file);
   }
   engine.current_file = nullptr;
-  // Every book file is closed: blocks of a stamped file wait for its next
-  // open, the others go.
-  for (BookBlock& block : engine.blocks) {
-    block.file = nullptr;
-    if (block.stamp.inode == 0) free_block(block);
+  // A book file cdopen handed out that is not closed here (its caller
+  // closes it) is no longer followed.
+  for (BookFileSlot& slot : engine.book_files) {
+    if (slot.file && !slot.parked) {
+      detach_blocks(slot.file);
+      slot = BookFileSlot{};
+    }
   }
-  for (FILE*& stamped : engine.stamped_files) stamped = nullptr;
   engine.reader = BookReader{};
 }
 

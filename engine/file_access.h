@@ -26,7 +26,8 @@ FILE* cdopen(const char* name);
 // Drops whatever was read and kept of `file`, ahead of closing it outside
 // cdclose (a stream's address may come again for another file).
 void cdforget(FILE* file);
-// Closes whatever book files are open; current_file becomes null.
+// Closes whatever book files are open; current_file becomes null. A book
+// file with a stamp stays open, parked for the next cdopen of its path.
 void cdclose();
 // The logical position; -1 after a failure.
 int32_t cdtell();

@@ -34,6 +34,11 @@ class BookFiles : public ::testing::Test {
     snprintf(engine.drive_path, kPathSize, "%s/", root.c_str());
     return root;
   }
+  // `bytes` as the file `name` under `root`, its folders made as needed.
+  static void put_file(const fs::path& root, const std::string& name, const char* bytes) {
+    fs::create_directories((root / name).parent_path());
+    std::ofstream(root / name, std::ios::binary) << bytes;
+  }
   // The first byte of a book file, or -1 when cdopen finds none.
   static int first_byte(const char* name) {
     FILE* file = cdopen(name);
@@ -243,10 +248,7 @@ TEST_F(BookFiles, FindsNamesWhateverTheirCase) {
 // as soon as a directory it was listed from changes.
 TEST_F(BookFiles, KeptPathsFollowTheDirectories) {
   const fs::path root = use_tree("Kept");
-  const auto put = [&](const std::string& name, const char* bytes) {
-    fs::create_directories((root / name).parent_path());
-    std::ofstream(root / name, std::ios::binary) << bytes;
-  };
+  const auto put = [&](const std::string& name, const char* bytes) { put_file(root, name, bytes); };
   put("DATA;1/honmon", "H");
   // Directories changed within the last second are not kept.
   usleep(1100 * 1000);
@@ -301,6 +303,68 @@ TEST_F(BookFiles, KeptBlocksFollowTheFile) {
   fs::remove(root / "honmon");
   write_book_file(root, "honmon", std::string(100, 'c'));
   EXPECT_EQ(byte_at(10), 'c');
+}
+
+// More blocks of one set than it keeps, read in turn and then again: each
+// read gives the file's bytes, and the set keeps the blocks read last.
+TEST_F(BookFiles, BlocksOfOneSetGiveWayInTurn) {
+  const fs::path root = use_tree("OneSet");
+  constexpr size_t kStride = size_t{kBlockCount / kBlockWays} * kBlockSize;  // same set
+  constexpr int kTurns = kBlockWays + 3;
+  std::string bytes(kStride * kTurns, '\0');
+  for (int turn = 0; turn < kTurns; ++turn) bytes[kStride * turn + 7] = static_cast<char>('a' + turn);
+  write_book_file(root, "book", bytes);
+  engine.current_file = cdopen("book");
+  ASSERT_NE(engine.current_file, nullptr);
+  for (int pass = 0; pass < 2; ++pass) {
+    for (int turn = 0; turn < kTurns; ++turn) {
+      cdseek(static_cast<int32_t>(kStride * turn + 6), 0);
+      EXPECT_EQ(cdgetword(), 'a' + turn) << pass << " " << turn;
+    }
+  }
+  int kept = 0;
+  for (const BookBlock& block : engine.blocks) kept += block.file == engine.current_file;
+  EXPECT_EQ(kept, kBlockWays);
+}
+
+// A book file closed by cdclose stays open for the next cdopen of its path,
+// which takes it up while the path leads to the same unchanged file: not
+// when a better match for the name appears, nor when the file is replaced.
+TEST_F(BookFiles, ClosedBookFilesWaitForTheirPath) {
+  const fs::path root = use_tree("Parked");
+  const auto put = [&](const std::string& name, const char* bytes) { put_file(root, name, bytes); };
+  put("DATA;1/honmon", "H");
+  put("catalogs", "C");
+  usleep(1100 * 1000);  // files changed within the last second are not kept
+  FILE* opened = nullptr;
+  const auto byte_of = [&](const char* name) {
+    engine.current_file = opened = cdopen(name);
+    if (!engine.current_file) return -1;
+    const int byte = cdgetbyte();
+    cdclose();
+    return byte;
+  };
+  const auto parked = [] {
+    int count = 0;
+    for (const BookFileSlot& slot : engine.book_files) count += slot.parked;
+    return count;
+  };
+  EXPECT_EQ(byte_of("data/honmon"), 'H');
+  FILE* first = opened;
+  EXPECT_EQ(byte_of("catalogs"), 'C');
+  EXPECT_EQ(parked(), 2);
+  EXPECT_EQ(byte_of("data/honmon"), 'H');
+  EXPECT_EQ(opened, first);
+  EXPECT_EQ(parked(), 2);
+
+  put("Data/honmon", "N");  // a better match than the name found before
+  EXPECT_EQ(byte_of("data/honmon"), 'N');
+  fs::remove(root / "catalogs");
+  put("catalogs.new", "D");
+  fs::rename(root / "catalogs.new", root / "catalogs");
+  EXPECT_EQ(byte_of("catalogs"), 'D');
+  fs::remove(root / "catalogs");
+  EXPECT_EQ(byte_of("catalogs"), -1);
 }
 
 TEST_F(BookFiles, FileDotOnNamesWithoutExtension) {

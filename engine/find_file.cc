@@ -5,7 +5,7 @@
 // The next open of the same path, in this run or a later one, stats those
 // directories instead of walking and listing again: while they stand
 // unchanged they list the same entries, so a walk would choose the same
-// names, and the path as asked is still tried first. Any entry made,
+// names, and the path as asked still names nothing. Any entry made,
 // renamed or removed in one of them moves its change time (a directory
 // put in its place has another inode), and the kept path is dropped. A
 // directory changed within the last second is not kept, for a change in
@@ -197,16 +197,26 @@ bool same_stamp(const FileStamp& a, const FileStamp& b) {
 bool find_file(const char* path, char* found) { return find_path(path, found, nullptr); }
 
 FILE* open_book_file(const char* path, FileStamp* stamp) {
-  if (FILE* file = open_regular(path, stamp)) return file;
-  if (strlen(path) >= kPathSize) return nullptr;
+  if (strlen(path) >= kPathSize) return open_regular(path, stamp);
+  // While the directories listed to find it stand unchanged, the path as
+  // asked still names nothing (the first of them is where its first
+  // missing name was looked for): the kept path comes first.
   if (FoundPath* kept = kept_path(path)) {
     if (FILE* file = open_regular(kept->found, stamp)) return file;
     kept->asked[0] = '\0';
   }
+  if (FILE* file = open_regular(path, stamp)) return file;
   FoundPath record;
   record.scanned_count = 0;
   if (!find_path(path, record.found, &record)) return nullptr;
   FILE* file = open_regular(record.found, stamp);
   if (file && record.scanned_count > 0) keep_path(path, record);
   return file;
+}
+
+bool still_leads_to(const char* path, const FileStamp& stamp) {
+  const FoundPath* kept = strlen(path) < kPathSize ? kept_path(path) : nullptr;
+  struct stat status;
+  return stat(kept ? kept->found : path, &status) == 0 && !S_ISDIR(status.st_mode) &&
+         same_stamp(settled_stamp(status), stamp);
 }

@@ -38,4 +38,9 @@ bool find_file(const char* path, char* found);
 // `stamp` gets the settled stamp of the file opened.
 FILE* open_book_file(const char* path, FileStamp* stamp);
 
+// True when `path` still leads to the file stamped `stamp` (not zero),
+// unchanged: through its kept found path while the directories listed for
+// it stand, else as it is. A stat of each of those and one of the file.
+bool still_leads_to(const char* path, const FileStamp& stamp);
+
 #endif  // ENGINE_FIND_FILE_H_
