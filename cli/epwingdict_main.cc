@@ -86,8 +86,11 @@ const char kUsage[] =
     "                    given the katakana reading of each text\n"
     "  --braille MODE    brlapi: the Braille line also goes to BRLTTY's display, as\n"
     "                    Japanese Braille cells (a display that cannot be used\n"
-    "                    is told once on standard error); none: the terminal only.\n"
-    "                    Default: brlapi at the keyboard, none with --keys\n";
+    "                    is told once on standard error), and at the keyboard its\n"
+    "                    keys, routing keys and Braille keyboard (kana in Japanese\n"
+    "                    Braille) work too (man epwingdict: BRAILLE DISPLAY);\n"
+    "                    none: the terminal only. Default: brlapi at the\n"
+    "                    keyboard, none with --keys\n";
 
 const char kKeyboardHeading[] =
     "\n"

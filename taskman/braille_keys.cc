@@ -22,7 +22,7 @@ constexpr KeyPair kCommands[] = {
     {BRLAPI_KEY_CMD_LNBEG, CK_LINE_START},    {BRLAPI_KEY_CMD_LNEND, CK_LINE_END},
     {BRLAPI_KEY_CMD_TOP, CK_LINE_START},      {BRLAPI_KEY_CMD_BOT, CK_LINE_END},
     {BRLAPI_KEY_CMD_PREFMENU, KEY_MENU},      {BRLAPI_KEY_CMD_HOME, CK_POPUP},
-    {BRLAPI_KEY_CMD_RETURN, CK_BACK},         {BRLAPI_KEY_CMD_HELP, CK_NEXT_VALUE},
+    {BRLAPI_KEY_CMD_RETURN, CK_BACK},         {BRLAPI_KEY_CMD_HELP, CK_HELP},
 };
 
 // Keyboard symbols.
@@ -33,8 +33,9 @@ constexpr KeyPair kSymbols[] = {
     {BRLAPI_KEY_SYM_DOWN, CK_NEXT},            {BRLAPI_KEY_SYM_LEFT, CK_CHAR_LEFT},
     {BRLAPI_KEY_SYM_RIGHT, CK_CHAR_RIGHT},     {BRLAPI_KEY_SYM_HOME, CK_LINE_START},
     {BRLAPI_KEY_SYM_END, CK_LINE_END},         {BRLAPI_KEY_SYM_PAGE_UP, CK_PREV_ALT},
-    {BRLAPI_KEY_SYM_PAGE_DOWN, CK_NEXT_ALT},   {BRLAPI_KEY_SYM_FUNCTION + 1, KEY_MENU},
-    {BRLAPI_KEY_SYM_FUNCTION + 9, CK_EXIT},
+    {BRLAPI_KEY_SYM_PAGE_DOWN, CK_NEXT_ALT},   {BRLAPI_KEY_SYM_FUNCTION + 0, CK_HELP},
+    {BRLAPI_KEY_SYM_FUNCTION + 1, KEY_MENU},   {BRLAPI_KEY_SYM_FUNCTION + 2, CK_POSITION},
+    {BRLAPI_KEY_SYM_FUNCTION + 4, CK_NEXT_VALUE}, {BRLAPI_KEY_SYM_FUNCTION + 9, CK_EXIT},
 };
 
 constexpr uint32_t kDot7 = BRLAPI_DOT7;
@@ -50,10 +51,12 @@ CString Character(uint32_t code) {
   return CString(units);
 }
 
-// A cell typed: dot 7 alone erases, dot 8 alone is Enter, the space bar
-// with dots 4 and 5 (or 1 and 2) is Tab (Shift-Tab), with dot 8 Yes, with
-// dots 1, 2, 3, 4, 5, 6 and 7… chords of the space bar are the keys of a
-// note-taker without arrows.
+// A cell typed: dot 7 alone erases, dot 8 alone is Enter. Chords of the
+// space bar are the keys of a note-taker without arrows: with dot 1 / 4
+// up / down, 3 / 6 cursor left / right, 4-5 / 1-2 Tab / Shift-Tab, 1-3-4
+// (m) menu, 1-2-5 back, 1-2-3-4-5-6 exit, 1-3-4-5-6 (y) yes, 2-3-5 the
+// edit field's menu, 1-3-6 next value, 2-3-6 (?) help, 1-2-3-4 (p)
+// position, 7 delete.
 DisplayInput Dots(uint32_t dots) {
   if (dots == kDot7) return Key(CK_BACKSPACE);
   if (dots == kDot8) return Key(CK_ENTER);
@@ -73,6 +76,8 @@ DisplayInput Dots(uint32_t dots) {
     case BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT4 | BRLAPI_DOT5 | BRLAPI_DOT6: return Key(CK_YES);
     case BRLAPI_DOT2 | BRLAPI_DOT3 | BRLAPI_DOT5: return Key(CK_POPUP);
     case BRLAPI_DOT1 | BRLAPI_DOT3 | BRLAPI_DOT6: return Key(CK_NEXT_VALUE);
+    case BRLAPI_DOT2 | BRLAPI_DOT3 | BRLAPI_DOT6: return Key(CK_HELP);
+    case BRLAPI_DOT1 | BRLAPI_DOT2 | BRLAPI_DOT3 | BRLAPI_DOT4: return Key(CK_POSITION);
     case kDot7: return Key(CK_DELETE);
     default: return {};
   }

@@ -1,7 +1,8 @@
 // The keys of a Braille display, as BrlAPI hands them over (BRLTTY's
 // commands and keyboard symbols, brlapi_keycodes.h), and what each is to
-// the reader: the map of docs/BRAILLE.md, as taskman/terminal_keys.h is
-// the map of a terminal's keyboard.
+// the reader: the map that docs/epwingdict.md ("The Braille display") and
+// the man page give, as taskman/terminal_keys.h is the map of a terminal's
+// keyboard.
 #ifndef TASKMAN_BRAILLE_KEYS_H_
 #define TASKMAN_BRAILLE_KEYS_H_
 

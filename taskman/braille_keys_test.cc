@@ -34,6 +34,8 @@ TEST(BrailleKeysTest, CommandsSymbolsAndChordsBecomeTheReadersKeys) {
   EXPECT_TRUE(Means(BRLAPI_KEY_SYM_LINEFEED, DisplayInput::kKey, CK_ENTER));
   EXPECT_TRUE(Means(BRLAPI_KEY_SYM_ESCAPE, DisplayInput::kKey, CK_BACK));
   EXPECT_TRUE(Means(BRLAPI_KEY_SYM_FUNCTION + 9, DisplayInput::kKey, CK_EXIT));
+  EXPECT_TRUE(Means(BRLAPI_KEY_SYM_FUNCTION + 0, DisplayInput::kKey, CK_HELP));
+  EXPECT_TRUE(Means(BRLAPI_KEY_TYPE_CMD | BRLAPI_KEY_CMD_HELP, DisplayInput::kKey, CK_HELP));
   // Modifier flags don't change the key.
   EXPECT_TRUE(Means(BRLAPI_KEY_FLG_SHIFT | BRLAPI_KEY_SYM_TAB, DisplayInput::kKey, KEY_NEXT_CTRL));
   // Cells typed, the blank, dots 7 and 8, chords of the space bar.
@@ -44,6 +46,8 @@ TEST(BrailleKeysTest, CommandsSymbolsAndChordsBecomeTheReadersKeys) {
   EXPECT_TRUE(Means(Passdots(BRLAPI_DOTC | BRLAPI_DOT4 | BRLAPI_DOT5), DisplayInput::kKey,
                     KEY_NEXT_CTRL));
   EXPECT_TRUE(Means(Passdots(BRLAPI_DOTC | BRLAPI_DOT1), DisplayInput::kKey, CK_PREV));
+  EXPECT_TRUE(Means(Passdots(BRLAPI_DOTC | BRLAPI_DOT1 | BRLAPI_DOT2 | BRLAPI_DOT3 | BRLAPI_DOT4),
+                    DisplayInput::kKey, CK_POSITION));
   // Characters: a Braille pattern is a cell, others text.
   EXPECT_TRUE(Means(BRLAPI_KEY_SYM_UNICODE | 0x2825, DisplayInput::kDots, 0x25));
   EXPECT_TRUE(Means(BRLAPI_KEY_SYM_UNICODE | 0x306F, DisplayInput::kText, 0x306F));
