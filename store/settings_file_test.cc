@@ -29,14 +29,6 @@ class SettingsFileTest : public SettingsFolderTest {
     LoadSettings(path_, options_, loaded);
     return loaded;
   }
-  static void ExpectSame(const DictionaryEntryArray& a, const DictionaryEntryArray& b) {
-    ASSERT_EQ(a.size(), b.size());
-    for (size_t i = 0; i < a.size(); ++i) {
-      EXPECT_EQ(a[i].title, b[i].title) << i;
-      EXPECT_EQ(a[i].path, b[i].path) << i;
-      EXPECT_EQ(a[i].bookNumber, b[i].bookNumber) << i;
-    }
-  }
 
   DisplayOptions options_;
   DictionaryEntryArray list_;
@@ -60,7 +52,7 @@ TEST_F(SettingsFileTest, ExactLinesRoundTripAndShrink) {
   LoadSettings(path_, loaded, reloaded);
   EXPECT_EQ(loaded.gaijiReplace, 1);
   EXPECT_EQ(loaded.phSignsVisible, 2);
-  ExpectSame(reloaded, list_);  // behind the built-in entry, blanks and all
+  EXPECT_TRUE(SameEntries(reloaded, list_));  // behind the built-in entry, blanks and all
 
   reloaded.resize(2);  // the last registered entry deleted
   EXPECT_TRUE(SaveSettings(path_, loaded, reloaded, 1));
@@ -113,7 +105,7 @@ TEST_F(SettingsFileTest, RegistrationsComeBackExactly) {
   options_.linkVisible = 1;
   EXPECT_TRUE(SaveSettings(path_, options_, list_, 0));
   options_ = DisplayOptions();
-  ExpectSame(Load(), list_);
+  EXPECT_TRUE(SameEntries(Load(), list_));
   EXPECT_EQ(options_.linkVisible, 1);
 }
 
@@ -127,7 +119,7 @@ TEST_F(SettingsFileTest, FileOfTheDevicesStoreStillLoads) {
   list_ = Load();
   EXPECT_EQ(options_.gaijiReplace, 0);
   EXPECT_EQ(options_.linkVisible, 1);
-  ExpectSame(list_, {{u"広辞苑", u"\\SD\\epwing\\koji", 2}});
+  EXPECT_TRUE(SameEntries(list_, {{u"広辞苑", u"\\SD\\epwing\\koji", 2}}));
 }
 
 TEST_F(SettingsFileTest, CutFileBesideAGoodBackupLosesNothing) {
@@ -142,36 +134,43 @@ TEST_F(SettingsFileTest, CutFileBesideAGoodBackupLosesNothing) {
   DictionaryEntryArray loaded = Load();
   const std::string said = testing::internal::GetCapturedStderr();
   EXPECT_NE(said.find("backup was taken back"), std::string::npos);
-  ExpectSame(loaded, list_);
+  EXPECT_TRUE(SameEntries(loaded, list_));
   EXPECT_EQ(ReadFile(), whole);
   EXPECT_FALSE(std::filesystem::exists(HostFile(".BAK")));
   EXPECT_TRUE(SaveSettings(path_, options_, loaded, 0));  // the close
-  ExpectSame(Load(), list_);
+  EXPECT_TRUE(SameEntries(Load(), list_));
 
   // A file cut at a line's end, all of whose lines are whole, is cut too:
   // LIST_SIZE promises entries it no longer holds.
   std::filesystem::copy_file(HostFile(), HostFile(".BAK"));
   WriteFile(whole.substr(0, whole.rfind("TITLE_0150=")));
-  ExpectSame(Load(), list_);
+  EXPECT_TRUE(SameEntries(Load(), list_));
 }
 
-TEST_F(SettingsFileTest, ReadOnlyFileIsReadAndNotSaved) {
+// A read-only file is read, even cut short beside a backup, and left as it
+// is with its backup; the save says why it could not be made.
+TEST_F(SettingsFileTest, ReadOnlyFileIsReadAndNeverWritten) {
   list_ = Registered(3);
   ASSERT_TRUE(SaveSettings(path_, options_, list_, 0));
-  const std::string before = ReadFile();
+  std::filesystem::copy_file(HostFile(), HostFile(".BAK"));
+  const std::string cut = ReadFile().substr(0, ReadFile().rfind("TITLE_0002="));
+  WriteFile(cut);
   chmod(HostFile().c_str(), 0444);
-  ExpectSame(Load(), list_);
-  list_.pop_back();
+  list_[2] = {};  // what the cut file holds of it
+  EXPECT_TRUE(SameEntries(Load(), list_));
   testing::internal::CaptureStderr();
   EXPECT_FALSE(SaveSettings(path_, options_, list_, 0));
   const std::string said = testing::internal::GetCapturedStderr();
   EXPECT_EQ(said, "epwingdict: the settings could not be saved: " + HostFile() + " is read-only\n");
-  EXPECT_EQ(ReadFile(), before);
+  EXPECT_EQ(ReadFile(), cut);
+  EXPECT_TRUE(std::filesystem::exists(HostFile(".BAK")));
 }
 
+// Neither read nor written, nor its backup taken back; said once.
 TEST_F(SettingsFileTest, FileBeyondTheLimitIsSaidOnceAndLeftAlone) {
   const std::string text = "[OPTION_SETTING]\nGAIJI_REPLACE=0\n" + std::string(kMaxIniBytes, '\n');
   WriteFile(text);
+  std::ofstream(HostFile(".BAK")) << "[OPTION_SETTING]\nGAIJI_REPLACE=0\n";
   testing::internal::CaptureStderr();
   list_ = Load();
   EXPECT_TRUE(list_.empty());
@@ -182,6 +181,7 @@ TEST_F(SettingsFileTest, FileBeyondTheLimitIsSaidOnceAndLeftAlone) {
   EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
   EXPECT_NE(said.find("larger than 1 MB"), std::string::npos);
   EXPECT_EQ(ReadFile(), text);
+  EXPECT_TRUE(std::filesystem::exists(HostFile(".BAK")));
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #define STORE_SETTINGS_FOLDER_FOR_TEST_H_
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
@@ -14,12 +13,12 @@
 #include "platform/device_path.h"
 #include "platform/wide_string.h"
 #include "testing/temp_tree.h"
+#include "store/dictionary_list.h"
 
 class SettingsFolderTest : public testing::Test {
  protected:
   void SetUp() override {
-    char pattern[] = "/tmp/settings_folder_XXXXXX";
-    folder_ = mkdtemp(pattern);
+    folder_ = fresh_directory("settings_folder").string();
     SetDeviceFolder(DeviceFolder::kConfig, folder_);
   }
   void TearDown() override {
@@ -35,6 +34,17 @@ class SettingsFolderTest : public testing::Test {
   }
   std::string ReadFile(const std::string& suffix = "") const {
     return ReadWholeFile(HostFile(suffix));
+  }
+
+  // Whether two lists hold the same entries, field for field.
+  static testing::AssertionResult SameEntries(const DictionaryEntryArray& a,
+                                              const DictionaryEntryArray& b) {
+    if (a.size() != b.size())
+      return testing::AssertionFailure() << a.size() << " entries, not " << b.size();
+    for (size_t i = 0; i < a.size(); ++i)
+      if (a[i].title != b[i].title || a[i].path != b[i].path || a[i].bookNumber != b[i].bookNumber)
+        return testing::AssertionFailure() << "entry " << i << " differs";
+    return testing::AssertionSuccess();
   }
 
   const CString path_ = u"\\epwingdict\\epwingdict.ini";  // its device name

@@ -38,14 +38,7 @@ class SettingsKillTest : public SettingsFolderTest {
     DictionaryEntryArray list, expectedList;
     LoadSettings(path_, options, list);
     Generation(g, expected, expectedList);
-    if (options.gaijiVisible != expected.gaijiVisible || list.size() != expectedList.size())
-      return false;
-    for (size_t i = 0; i < list.size(); ++i) {
-      if (list[i].title != expectedList[i].title || list[i].path != expectedList[i].path ||
-          list[i].bookNumber != expectedList[i].bookNumber)
-        return false;
-    }
-    return true;
+    return options.gaijiVisible == expected.gaijiVisible && SameEntries(list, expectedList);
   }
   // Runs the save of generation `g` in a child, killed `delay` after it
   // starts; true when the child was killed before it finished.

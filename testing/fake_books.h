@@ -24,7 +24,7 @@ struct FakeHits {
 struct FakeBook {
   CString title;                       // its catalog title; may be empty
   bool forwardIndex = true;            // whether it can become a dictionary
-  std::map<CString, FakeHits> words;   // what each word finds; others find nothing
+  std::map<CString, FakeHits> words = {};  // what each word finds; others find nothing
 };
 
 class FakeBooks : public Books {
