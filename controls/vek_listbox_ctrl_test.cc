@@ -4,7 +4,6 @@
 
 #include "controls/beep_window_for_test.h"
 #include "controls/control_keys.h"
-#include "controls/vek_button_ctrl.h"
 #include "testing/recording_presenter.h"
 
 namespace {
@@ -80,14 +79,6 @@ TEST(ListboxTest, SelectionOutsideTheListIsToldSafely) {
   EXPECT_EQ(out.LastSpeech(), "辞書選択:項目なし");
   list.OnBrailleKeyProc(CK_POSITION, 0);
   EXPECT_EQ(out.LastSpeech(), "0/0");
-}
-
-TEST(ButtonTest, DisplayItemPresentsTheLabel) {
-  ScopedRecordingPresenter out;
-  CVekButtonCtrl button;
-  button.SetLabel(u"開く");
-  button.DisplayItem(1);
-  EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 開く", "TTS 開く ボタン"}));
 }
 
 }  // namespace

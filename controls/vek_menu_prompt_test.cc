@@ -1,37 +1,24 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "testing/recording_presenter.h"
 #include "platform/utf8_text.h"
 #include "controls/vek_menu_ctrl.h"
 #include "controls/vek_prompt_ctrl.h"
+#include "testing/temp_tree.h"
 
 namespace {
 
-// A language file in a fresh folder; its host path as a wide string.
-class LanguageFileOnDisk {
- public:
-  explicit LanguageFileOnDisk(const std::string& text) {
-    char folder[] = "/tmp/controls_lang_XXXXXX";
-    folder_ = mkdtemp(folder);
-    path_ = folder_ + "/words.lng";
-    FILE* file = std::fopen(path_.c_str(), "wb");
-    std::fputs(text.c_str(), file);
-    std::fclose(file);
-  }
-  ~LanguageFileOnDisk() {
-    std::remove(path_.c_str());
-    rmdir(folder_.c_str());
-  }
-  CString Name() const { return FromUtf8(path_); }
-
- private:
-  std::string folder_;  // made for this file
-  std::string path_;    // the file
-};
+// A language file of `text` in a fresh folder; its host path as a wide
+// string.
+CString LanguageFile(const std::string& text) {
+  const std::filesystem::path path = fresh_directory("controls_lang") / "words.lng";
+  std::ofstream(path, std::ios::binary) << text;
+  return FromUtf8(path.string());
+}
 
 // The menu as the frame builds it on the search screen.
 void Build(CVekMenuCtrl& menu) {
@@ -48,9 +35,9 @@ void Build(CVekMenuCtrl& menu) {
 
 TEST(MenuTest, MovesOpensGroupsAndChooses) {
   ScopedRecordingPresenter out;
-  LanguageFileOnDisk file("\xEF\xBB\xBF# labels\r\ntitle=メニュー\r\n1=終了\r\n 4 =移動\n5=辞書の追加と削除\nbad line\n");
+  const CString file = LanguageFile("\xEF\xBB\xBF# labels\r\ntitle=メニュー\r\n1=終了\r\n 4 =移動\n5=辞書の追加と削除\nbad line\n");
   CVekMenuCtrl menu;
-  menu.OpenRes(file.Name());
+  menu.OpenRes(file);
   Build(menu);
   EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 終了", "TTS メニュー 終了"}));
 
@@ -99,9 +86,9 @@ TEST(MenuTest, MissingLanguageFileGivesNumberedLabels) {
 
 TEST(PromptTest, AnswersAndClosingKeys) {
   ScopedRecordingPresenter out;
-  LanguageFileOnDisk file("yes=する\nno=しない\n");
+  const CString file = LanguageFile("yes=する\nno=しない\n");
   CVekPromptCtrl prompt;
-  prompt.OpenRes(file.Name());
+  prompt.OpenRes(file);
   prompt.SetPrompt(u"プラス辞典 を削除しますか？", 1, 0);
   prompt.SetFocus();
   EXPECT_EQ(out.LastSpeech(), "プラス辞典 を削除しますか？ しない");
