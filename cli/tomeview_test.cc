@@ -75,15 +75,6 @@ TEST_F(Tomeview, ExitStatusTellsFailuresAndBadOptions) {
   EXPECT_EQ(Run("C", book + " --", "はな\\n-9\\n").status, 2) << "lines of the prompt loop count";
 }
 
-TEST_F(Tomeview, HelpAndVersionStandAlone) {
-  const CommandResult help = Run("C", "--help");
-  EXPECT_EQ(help.status, 0);
-  EXPECT_EQ(help.out.rfind("usage: tomeview [--sjis|--utf8]", 0), 0u) << help.out;
-  const CommandResult version = Run("C", "--version");
-  EXPECT_EQ(version.status, 0);
-  EXPECT_EQ(version.out.rfind("tomeview (tomeview reader) ", 0), 0u) << version.out;
-}
-
 TEST_F(Tomeview, TextFollowsTheLocaleInAPipe) {
   const std::string sjis = run_engine({book, kHanaSjis}).out;
   ASSERT_NE(sjis.find(kFlowerSjis), std::string::npos) << "the sample dictionary has 花";

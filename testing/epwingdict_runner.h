@@ -70,4 +70,14 @@ inline ::testing::AssertionResult HasLinesInOrder(const std::string& transcript,
   return ::testing::AssertionSuccess();
 }
 
+// How often `line` stands in `transcript` as a whole line.
+inline size_t CountLines(const std::string& transcript, const std::string& line) {
+  const std::string text = "\n" + transcript;
+  size_t count = 0;
+  for (size_t at = text.find("\n" + line + "\n"); at != std::string::npos;
+       at = text.find("\n" + line + "\n", at + 1))
+    ++count;
+  return count;
+}
+
 #endif  // TESTING_EPWINGDICT_RUNNER_H_
