@@ -218,7 +218,7 @@ TEST_F(FrameTest, SettingsAndReadingEventsReachTheirControls) {
   bare.WindowProc(WM_VEK_READ_ALL, 0, 0);
   bare.OnBrailleKeyMessage(48, 0);
   CallLog partial;
-  bare.promptCtrl = std::make_unique<RecordingPrompt>(partial);
+  bare.promptCtrl = std::make_unique<RecordingPrompt>(partial, "prompt");
   bare.WindowProc(WM_VEK_SETTING, 2, 9);
   EXPECT_EQ(partial, CallLog{"prompt.SetReadingGrade(9)"});
 }
@@ -261,27 +261,17 @@ TEST_F(FrameTest, BeepRecordGoesToTheTaskManager) {
   EXPECT_TRUE(taskWindow.messages.empty());
 }
 
-TEST_F(FrameTest, TaskManagerWritesTheBeep) {
-  Start();
-  frame().NotifyBeep(32);
-  EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\n");
-}
-
+// "start code, task window": no blank makes the whole line the handle.
 TEST(ReaderAppTest, CommandLine) {
+  const struct {
+    const char16_t* line;
+    int startCode;
+    unsigned taskWnd;
+  } lines[] = {{u"3 1234", 3, 1234}, {u"-1 1234", -1, 0}, {u"77", 0, 77}, {u"", 0, 0}, {u"5 x", 5, 0}};
   CReaderApp app;
-  app.ParseCommandLine(u"3 1234");
-  EXPECT_EQ(app.startCode, 3);
-  EXPECT_EQ(app.taskWnd, 1234u);
-  app.ParseCommandLine(u"-1 1234");
-  EXPECT_EQ(app.startCode, -1);
-  EXPECT_EQ(app.taskWnd, 0u);
-  app.ParseCommandLine(u"77");  // no blank: the whole line is the handle
-  EXPECT_EQ(app.startCode, 0);
-  EXPECT_EQ(app.taskWnd, 77u);
-  app.ParseCommandLine(u"");
-  EXPECT_EQ(app.startCode, 0);
-  EXPECT_EQ(app.taskWnd, 0u);
-  app.ParseCommandLine(u"5 x");
-  EXPECT_EQ(app.startCode, 5);
-  EXPECT_EQ(app.taskWnd, 0u);
+  for (const auto& line : lines) {
+    app.ParseCommandLine(line.line);
+    EXPECT_EQ(app.startCode, line.startCode) << line.startCode;
+    EXPECT_EQ(app.taskWnd, line.taskWnd) << line.taskWnd;
+  }
 }

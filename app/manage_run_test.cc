@@ -1,6 +1,10 @@
 // Managing dictionaries and the display options in epwingdict runs on a
 // card whose "\SD\epwing\plus" holds two books (プラス辞典, ことわざ小辞典)
-// and is the one built-in dictionary.
+// and is the one built-in dictionary; what the user registered comes back
+// exactly on the next start, and a read-only settings file is read and
+// never written.
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -20,12 +24,10 @@ const char kToSettings[] = "KEY_MENU\n74\n74\n";
 const char kDefaultOptions[] =
     "[OPTION_SETTING]\nGAIJI_REPLACE=1\nGAIJI_VISIBLE=0\nSYLLABLE_VISIBLE=0\n"
     "PH_SIGNS_VISIBLE=0\nLINK_VISIBLE=0\n";
-
-size_t Count(const std::string& text, const std::string& part) {
-  size_t count = 0;
-  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-  return count;
-}
+// From the first screen, on the second dictionary: a lookup of a proverb of
+// ことわざ小辞典, then closing.
+const char kLookUpInTheSecond[] =
+    "48\nKEY_NEXT_CTRL\ntext さるもきからおちる\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n";
 
 class ManageRunTest : public EpwingdictRunner {
  protected:
@@ -49,11 +51,14 @@ class ManageRunTest : public EpwingdictRunner {
 
 }  // namespace
 
-TEST_F(ManageRunTest, RegistersTheSecondBookOfAFolderUnderAnEditedNameAndLooksUpInIt) {
-  const std::string transcript =
+TEST_F(ManageRunTest, RegistersABookUnderAnEditedNameAndFindsItAgainAfterARestart) {
+  // A folder with a blank in its name.
+  std::filesystem::copy(card / "epwing" / "plus", card / "epwing" / "my books",
+                        std::filesystem::copy_options::recursive);
+  std::string transcript =
       RunScript(std::string(kToDictionaries) +
           "KEY_NEXT_CTRL\nKEY_ENTER\n"           // "追加": the chooser opens in \SD\epwing
-          "choose plus\n"                        // two books: the book list
+          "choose my books\n"                    // two books: the book list
           "KEY_OPTION_DOWN\nKEY_ENTER\n"         // the second book, then its name
           "32768\ntext ・改\nKEY_ENTER\n"        // behind the catalog's title; registered
           "KEY_EXIT\n"                           // back to the search screen's button
@@ -68,7 +73,13 @@ TEST_F(ManageRunTest, RegistersTheSecondBookOfAFolderUnderAnEditedNameAndLooksUp
                    "BRL 検索結果:さるもきからおちる【猿も木から落ちる】", "ENDED"}));
   EXPECT_EQ(Settings(), std::string(kDefaultOptions) +
                             "[DICT_LIST]\nLIST_SIZE=1\nTITLE_0000=ことわざ小辞典・改\n"
-                            "PATH_0000=\\SD\\epwing\\plus\nBOOKNUM_0000=1\n");
+                            "PATH_0000=\\SD\\epwing\\my books\nBOOKNUM_0000=1\n");
+
+  transcript = RunScript(kLookUpInTheSecond);
+  EXPECT_TRUE(HasLinesInOrder(transcript,
+                              {"BRL 辞書選択:ことわざ小辞典・改",
+                               "BRL 検索結果:さるもきからおちる【猿も木から落ちる】", "ENDED"}));
+  EXPECT_EQ(transcript.find("辞書が見つかりませんでした"), std::string::npos);
 }
 
 TEST_F(ManageRunTest, DeletesOnlyAfterYesAndNeverABuiltInOne) {
@@ -80,7 +91,7 @@ TEST_F(ManageRunTest, DeletesOnlyAfterYesAndNeverABuiltInOne) {
                                "KEY_ENTER\n48\nKEY_EXIT\n"  // yes in view, closed with no answer
                                "KEY_ENTER\nKEY_ENTER\n"     // answered no
                                "KEY_EXIT\nKEY_EXIT\n");
-  EXPECT_EQ(Count(transcript, "BRL 私の辞書 を削除しますか？ いいえ\n"), 3u) << transcript;
+  EXPECT_EQ(CountLines(transcript, "BRL 私の辞書 を削除しますか？ いいえ"), 3u) << transcript;
   EXPECT_EQ(transcript.find("削除しました"), std::string::npos);
   EXPECT_NE(Settings().find("LIST_SIZE=1\nTITLE_0000=私の辞書\n"), std::string::npos);
 
@@ -117,4 +128,20 @@ TEST_F(ManageRunTest, AppliedOptionsReachTheFileAndGivenUpOnesDoNot) {
                    "KEY_OPTION_VALUE\nKEY_OPTION_DOWN\nKEY_OPTION_VALUE\nKEY_BACK\nKEY_EXIT\n");
   EXPECT_EQ(transcript.find("設定しました"), std::string::npos);
   EXPECT_EQ(Settings().rfind(kDefaultOptions, 0), 0u) << Settings();
+}
+
+TEST_F(ManageRunTest, AReadOnlySettingsFileIsReadAndNeverWritten) {
+  Register("辞書 0", "\\SD\\epwing\\plus", 1);
+  const std::string before = Settings();
+  chmod((work / "epwingdict.ini").c_str(), 0444);
+  const std::string transcript = RunScript(std::string(kToDictionaries) +
+                                           "48\n48\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\n"
+                                           "KEY_ENTER\n48\nKEY_ENTER\n"  // deleted
+                                           "KEY_EXIT\nKEY_EXIT\n");
+  EXPECT_TRUE(HasLinesInOrder(
+      transcript, {"BRL 辞書 0 を削除しますか？ いいえ", "BRL 削除しました", "ENDED"}));
+  EXPECT_EQ(Settings(), before);
+  EXPECT_EQ(ReadWholeFile(work / "stderr.txt"),
+            "epwingdict: the settings could not be saved: " + (work / "epwingdict.ini").string() +
+                " is read-only\n");
 }

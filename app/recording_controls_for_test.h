@@ -88,40 +88,34 @@ class RecordingButton : public CVekButtonCtrl {
   std::string name_;
 };
 
-class RecordingMenu : public CVekMenuCtrl {
+// The menu and the prompt, which the frame drives alike; the menu's
+// OnBrailleKey closes on KEY_BACK (88), as the real one does.
+template <typename Control>
+class RecordingPopup : public Control {
  public:
-  explicit RecordingMenu(CallLog& log) : log_(log) {}
+  RecordingPopup(CallLog& log, std::string name) : log_(log), name_(std::move(name)) {}
   void SetLocalWnd(HWND) override { Log("SetLocalWnd"); }
   void SetTaskWnd(HWND) override { Log("SetTaskWnd"); }
   void OpenRes(CString name) override { Log("OpenRes(" + ToUtf8(name) + ")"); }
-  unsigned OnBrailleKey(uint32_t key, long) override { Log("OnBrailleKey(" + std::to_string(key) + ")"); return key == 88 ? 0 : 1; }
+  unsigned OnBrailleKey(uint32_t key, long) override {
+    Log("OnBrailleKey(" + std::to_string(key) + ")");
+    return key == 88 && name_ == "menu" ? 0 : 1;
+  }
   unsigned OnBrailleCursor(unsigned cell, long) override { Log("OnBrailleCursor(" + std::to_string(cell) + ")"); return 1; }
   void SetReadingGrade(unsigned v) override { Log("SetReadingGrade(" + std::to_string(v) + ")"); }
 
  private:
-  void Log(const std::string& call) { log_.push_back("menu." + call); }
+  void Log(const std::string& call) { log_.push_back(name_ + "." + call); }
   CallLog& log_;
+  std::string name_;
 };
-
-class RecordingPrompt : public CVekPromptCtrl {
- public:
-  explicit RecordingPrompt(CallLog& log) : log_(log) {}
-  void SetLocalWnd(HWND) override { Log("SetLocalWnd"); }
-  void SetTaskWnd(HWND) override { Log("SetTaskWnd"); }
-  void OpenRes(CString name) override { Log("OpenRes(" + ToUtf8(name) + ")"); }
-  unsigned OnBrailleKey(uint32_t key, long) override { Log("OnBrailleKey(" + std::to_string(key) + ")"); return 1; }
-  unsigned OnBrailleCursor(unsigned cell, long) override { Log("OnBrailleCursor(" + std::to_string(cell) + ")"); return 1; }
-  void SetReadingGrade(unsigned v) override { Log("SetReadingGrade(" + std::to_string(v) + ")"); }
-
- private:
-  void Log(const std::string& call) { log_.push_back("prompt." + call); }
-  CallLog& log_;
-};
+using RecordingMenu = RecordingPopup<CVekMenuCtrl>;
+using RecordingPrompt = RecordingPopup<CVekPromptCtrl>;
 
 // Puts recording controls into every control field of `frame`; the
 // buttons log under their field names.
 inline void UseRecordingControls(CMainFrame& frame, CallLog& log) {
-  frame.menuCtrl = std::make_unique<RecordingMenu>(log);
+  frame.menuCtrl = std::make_unique<RecordingMenu>(log, "menu");
   frame.editCtrl = std::make_unique<RecordingEdit>(log);
   frame.searchButton = std::make_unique<RecordingButton>(log, "searchButton");
   frame.openButton = std::make_unique<RecordingButton>(log, "openButton");
@@ -133,7 +127,7 @@ inline void UseRecordingControls(CMainFrame& frame, CallLog& log) {
   frame.cancelButton = std::make_unique<RecordingButton>(log, "cancelButton");
   frame.applyButton = std::make_unique<RecordingButton>(log, "applyButton");
   frame.listCtrl = std::make_unique<RecordingList>(log);
-  frame.promptCtrl = std::make_unique<RecordingPrompt>(log);
+  frame.promptCtrl = std::make_unique<RecordingPrompt>(log, "prompt");
 }
 
 #endif  // APP_RECORDING_CONTROLS_FOR_TEST_H_

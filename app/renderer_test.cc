@@ -2,7 +2,16 @@
 
 namespace {
 
-// The edit control's calls for one field set-up.
+// The list box's calls for a list of `items` with `selection` set.
+CallLog ListCalls(const std::string& label, const std::vector<std::string>& items, int selection) {
+  CallLog calls = {"list.ResetContent()", "list.SetMask(0)", "list.SetLabel(" + label + ")"};
+  for (const std::string& item : items) calls.push_back("list.AddString(" + item + ")");
+  calls.push_back("list.SetCurSel(" + std::to_string(selection) + ")");
+  return calls;
+}
+
+// The edit control's calls for one field set-up: the text goes in while
+// the field is writable.
 CallLog FieldCalls(const std::string& label, const std::string& text, int multiLine, int control,
                    bool readOnly) {
   CallLog calls = {"edit.Empty()", "edit.SetMask(0)", "edit.SetAsciiOnly(0)",
@@ -15,93 +24,68 @@ CallLog FieldCalls(const std::string& label, const std::string& text, int multiL
   return calls;
 }
 
+CallLog operator+(CallLog a, const CallLog& b) {
+  a.insert(a.end(), b.begin(), b.end());
+  return a;
+}
+
 }  // namespace
 
-TEST_F(FrameTest, ContentListsPassHeadLinesThroughTheFilters) {
+// Head lines and the article pass the display filters; the book list
+// shows the catalog's title, the name field the edited name; an option's
+// value shows in a read-only field.
+TEST_F(FrameTest, EachFocusBuildsItsControlFromTheFrame) {
   Start();
   CMainFrame& f = frame();
   f.ArticleList = {{u"語<→見出し|1234>", u"本文"}, {u"次", u""}};
+  f.BookCandidateList = {{u"カタログ名", u"\\SD\\x", 0}};
+  f.BookTitleList = {u"直した名"};
+  f.searchWord = u"辞書";
+  f.articleText = u"本文<→先|12>";
   f.listState[FOCUS_RESULT_LIST].selection = 1;
-  f.focus = FOCUS_RESULT_LIST;
-  f.RenderFocus();
-  EXPECT_EQ(log, (CallLog{"list.ResetContent()", "list.SetMask(0)", "list.SetLabel(検索結果:)",
-                          "list.AddString(語見出し)", "list.AddString(次)", "list.SetCurSel(1)",
-                          "list.DisplayItem(1)"}));
+  f.listState[FOCUS_CANDIDATE_LIST].selection = 4;  // an empty list keeps it, unchecked
+  f.listState[FOCUS_OPT_GAIJI_VISIBLE].selection = 1;
+  const CallLog shown = {"list.DisplayItem(1)"};
+  const struct {
+    int32_t focus;
+    CallLog calls;
+  } cases[] = {
+      {FOCUS_RESULT_LIST, ListCalls("検索結果:", {"語見出し", "次"}, 1) + shown},
+      {FOCUS_CANDIDATE_LIST, ListCalls("前方一致検索候補:", {}, 4) + shown},
+      {FOCUS_BOOK_LIST, ListCalls("ブック選択:", {"カタログ名"}, 0) + shown},
+      {FOCUS_OPT_GAIJI_VISIBLE, ListCalls("外字の表示:", {"表示しない", "表示する"}, 1) +
+                                    CallLog{"list.GetText(1)"} +
+                                    FieldCalls("外字の表示:", "表示する", 0, 11, true)},
+      {FOCUS_EDIT_WORD, FieldCalls("検索ワード:", "辞書", 0, 4, false)},
+      {FOCUS_EDIT_NAME, FieldCalls("辞書名:", "直した名", 0, 4, false)},
+      {FOCUS_EDIT_ARTICLE, FieldCalls("検索結果:", "本文先", 1, 7, true)},
+      {FOCUS_BTN_CLOSE, {"closeButton.DisplayItem(1)"}},
+      {20, {}},  // no control
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.focus);
+    log.clear();
+    f.focus = c.focus;
+    f.RenderFocus();
+    EXPECT_EQ(log, c.calls);
+  }
 
-  // An option change shows at the next render; an empty list keeps its
-  // stale index, unchecked.
+  // An option change shows at the next render; a name field for no book
+  // is empty; nothing renders while the menu is open.
   log.clear();
   f.options.linkVisible = 1;
+  f.focus = FOCUS_RESULT_LIST;
   f.RenderFocus();
   EXPECT_EQ(log[3], "list.AddString(語<→見出し|1234>)");
   log.clear();
-  f.focus = FOCUS_CANDIDATE_LIST;
-  f.listState[FOCUS_CANDIDATE_LIST].selection = 4;
-  f.RenderFocus();
-  EXPECT_EQ(log, (CallLog{"list.ResetContent()", "list.SetMask(0)",
-                          "list.SetLabel(前方一致検索候補:)", "list.SetCurSel(4)",
-                          "list.DisplayItem(1)"}));
-
-  // The book list shows the catalog's title, not the edited name.
-  log.clear();
-  f.BookCandidateList = {{u"カタログ名", u"\\SD\\x", 0}};
-  f.BookTitleList = {u"直した名"};
-  f.focus = FOCUS_BOOK_LIST;
-  f.RenderFocus();
-  EXPECT_EQ(log[2], "list.SetLabel(ブック選択:)");
-  EXPECT_EQ(log[3], "list.AddString(カタログ名)");
-}
-
-TEST_F(FrameTest, OptionListsShowTheirValueInAField) {
-  Start();
-  CMainFrame& f = frame();
-  f.listState[FOCUS_OPT_GAIJI_VISIBLE].selection = 1;
-  f.focus = FOCUS_OPT_GAIJI_VISIBLE;
-  f.RenderFocus();
-  CallLog expected = {"list.ResetContent()", "list.SetMask(0)", "list.SetLabel(外字の表示:)",
-                      "list.AddString(表示しない)", "list.AddString(表示する)",
-                      "list.SetCurSel(1)", "list.GetText(1)"};
-  for (const std::string& call : FieldCalls("外字の表示:", "表示する", 0, 11, true))
-    expected.push_back(call);
-  EXPECT_EQ(log, expected);
-
-  log.clear();
-  f.focus = FOCUS_OPT_GAIJI_REPLACE;
-  f.listState[FOCUS_OPT_GAIJI_REPLACE].selection = 0;
-  f.RenderFocus();
-  EXPECT_EQ(log[3], "list.AddString(置換しない)");
-  EXPECT_EQ(log.back(), "edit.SetFocus(外字の置換:,1)");
-}
-
-TEST_F(FrameTest, FieldsAndButtons) {
-  Start();
-  CMainFrame& f = frame();
-  f.searchWord = u"辞書";
-  f.focus = FOCUS_EDIT_WORD;
-  f.RenderFocus();
-  EXPECT_EQ(log, FieldCalls("検索ワード:", "辞書", 0, 4, false));
-
-  log.clear();
-  f.articleText = u"本文<→先|12>";
-  f.focus = FOCUS_EDIT_ARTICLE;
-  f.RenderFocus();
-  EXPECT_EQ(log, FieldCalls("検索結果:", "本文先", 1, 7, true));
-
-  log.clear();
-  f.listState[FOCUS_BOOK_LIST].selection = 2;  // outside BookTitleList
+  f.listState[FOCUS_BOOK_LIST].selection = 2;
   f.focus = FOCUS_EDIT_NAME;
   f.RenderFocus();
   EXPECT_EQ(log, FieldCalls("辞書名:", "", 0, 4, false));
-
   log.clear();
-  f.focus = FOCUS_BTN_CLOSE;
+  f.routingMode = MODE_MENU;
   f.RenderFocus();
-  f.focus = 20;
-  f.RenderFocus();
-  f.focus = FOCUS_DICT_LIST;
-  f.routingMode = MODE_MENU;  // nothing renders while the menu is open
-  f.RenderFocus();
-  EXPECT_EQ(log, CallLog{"closeButton.DisplayItem(1)"});
+  EXPECT_TRUE(log.empty());
 }
 
 TEST_F(FrameTest, SaveFocusStateCopiesTheControlIntoTheFrame) {

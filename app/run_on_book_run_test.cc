@@ -1,8 +1,7 @@
 // A book from another writer, made with fpwmake (FreePWING): every entry
 // starts with its head word's code 0x1F41 and none has an end code, so an
 // article would run on into the following entries. Through the built
-// epwingdict each article stands alone, and the demo card's articles, whose
-// entries end by their code, stay whole.
+// epwingdict each article stands alone.
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -92,24 +91,9 @@ TEST_F(RunOnBookRunTest, EachArticleStandsAlone) {
                    "BRL Made of milk.", "BRL Made of milk.", "BRL Made of milk.", "ENDED"}));
   EXPECT_EQ(transcript.find("BRL apple"), std::string::npos) << transcript;
 
-  // Typed with its dots, found as filed; the article of the last entry
-  // ends at the end of the text.
-  ASSERT_EQ(Run(ReadFirstArticle("ア・ラ・カルト")), 0);
-  EXPECT_TRUE(HasLinesInOrder(Transcript(),
-                              {"BRL 「アラカルト」で見つかりました", "BRL 検索結果:ア・ラ・カルト",
-                               "BRL 一品料理。", "BRL 一品料理。", "ENDED"}));
-  EXPECT_EQ(Transcript().find("BRL はな【花】"), std::string::npos) << Transcript();
+  // The last entry's article ends at the end of the text.
   ASSERT_EQ(Run(ReadFirstArticle("hana")), 0);
   EXPECT_TRUE(
       HasLinesInOrder(Transcript(), {"BRL 「はな」で見つかりました", "BRL 検索結果:はな【花】",
                                      "BRL 植物の花。", "BRL 植物の花。", "ENDED"}));
-}
-
-// The demo card's entries end by their code: an article holds all its lines.
-TEST_F(RunOnBookRunTest, TheDemoCardsArticlesStayWhole) {
-  ASSERT_EQ(Run(ReadFirstArticle("はな")), 0);
-  EXPECT_TRUE(HasLinesInOrder(Transcript(), {"BRL 検索結果:はな【花】", "BRL 検索結果:はな【花】",
-                                             "BRL 植物が咲かせるもの。桜など。", "BRL 英語 flower ",
-                                             "BRL 英語 flower ", "ENDED"}));
-  EXPECT_EQ(Transcript().find("で見つかりました"), std::string::npos);
 }
