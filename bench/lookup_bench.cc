@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "command/engine.h"
+#include "platform/read_file.h"
 
 int main(int argc, char** argv) {
   if (argc < 4) {
@@ -37,7 +38,6 @@ int main(int argc, char** argv) {
 
   std::vector<double> micros;
   size_t bytes = 0;
-  std::vector<char> buffer(1 << 16);
   rusage before_all;
   getrusage(RUSAGE_SELF, &before_all);
   const auto start = std::chrono::steady_clock::now();
@@ -45,14 +45,10 @@ int main(int argc, char** argv) {
     const auto before = std::chrono::steady_clock::now();
     remove(argv[3]);
     engine_output(argv[1], 0, argv[3], words[static_cast<size_t>(i) % words.size()].c_str());
-    // Read as the application reads it (ReadToEnd): unbuffered, straight
-    // into memory, until a read comes short.
+    // Read as the application reads it: unbuffered, by ReadToEnd.
     if (FILE* work = fopen(argv[3], "r")) {
       setvbuf(work, nullptr, _IONBF, 0);
-      for (size_t got = buffer.size(); got == buffer.size();) {
-        got = fread(buffer.data(), 1, buffer.size(), work);
-        bytes += got;
-      }
+      bytes += ReadToEnd(work).size();
       fclose(work);
     }
     micros.push_back(std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - before).count());
