@@ -38,6 +38,17 @@ int ReadConsoleOption(int argc, char** argv, int& i, ConsoleOptions& options, st
   return 1;
 }
 
+namespace {
+
+// Whether a text is more than one word: it holds a blank or a break.
+bool HasBlank(const CString& text) {
+  for (char16_t ch : text.Units())
+    if (ch <= u' ' || ch == u'\u3000') return true;
+  return false;
+}
+
+}  // namespace
+
 void ConsoleWriter::Show(const CString& text) {
   if (dots_) {
     WriteLine(ToUtf8(CString(BrailleCells(text.Units()))));
@@ -57,12 +68,23 @@ void ConsoleWriter::Braille(const CString& text) {
 }
 
 void ConsoleWriter::Speech(const CString& text) {
-  // An utterance that says what the Braille line just shown says (with a
-  // title or a role around it, or a part of it) belongs to the same
-  // presentation.
-  const bool repeats = afterBraille_ && (lastBraille_.Find(text) >= 0 || text.Find(lastBraille_) >= 0);
+  // An utterance that says what the Braille line just shown says (a part of
+  // it, or all of it with a title or one role word around it: "終了 ボタン")
+  // belongs to the same presentation. One that goes on with more (an article
+  // read on opening after its head line) shows what it adds, so that the
+  // reader at a terminal gets what a listener hears.
+  const bool after = afterBraille_;
   afterBraille_ = false;
-  if (!repeats && !text.IsEmpty()) Show(text);
+  if (text.IsEmpty()) return;
+  if (after && lastBraille_.Find(text) >= 0) return;
+  const int at = after && !lastBraille_.IsEmpty() ? text.Find(lastBraille_) : -1;
+  if (at < 0) {
+    Show(text);
+    return;
+  }
+  CString rest = text.Mid(at + lastBraille_.GetLength());
+  rest.Trim(u" \n\u3000");
+  if (HasBlank(rest)) Show(rest);
 }
 
 void ConsoleWriter::Beep(int) {

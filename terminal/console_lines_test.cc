@@ -49,6 +49,16 @@ TEST(ConsoleLinesTest, AtTheKeyboardEachPresentationComesOutOnce) {
   EXPECT_EQ(console.Text(), "はな【花】\n終了\n読み取り専用\n\a一行目 二行目\n");
 }
 
+TEST(ConsoleLinesTest, AnArticleReadAfterItsHeadLineShowsWhatItAdds) {
+  MemoryStream console;
+  ConsoleLines lines(console.get(), console.get(), ConsoleOptions{}, true);
+  lines.presenter().ShowBraille(u"検索ワード:");
+  lines.presenter().Speak(u"検索ワード:空欄", false);
+  lines.presenter().ShowBraille(u"検索結果:はな【花】");
+  lines.presenter().Speak(u"検索結果:はな【花】 (n) flower\nbloom 文末", false);
+  EXPECT_EQ(console.Text(), "検索ワード:\n検索結果:はな【花】\n(n) flower bloom 文末\n");
+}
+
 TEST(ConsoleLinesTest, DotsShowTheBrailleCells) {
   MemoryStream console;
   ConsoleOptions options;
