@@ -86,21 +86,15 @@ TEST(SpeechReadingTest, DigitsLettersAndSymbolsPassThrough) {
   EXPECT_EQ(Utf8(SpeechReading(u"いぬ\n動物")), "イヌ\nドーブツ");
 }
 
-TEST(ReadingTest, EmptyTextGivesEmptyResults) {
+// Empty and blank texts give nothing; what has no kana (a snowman, an
+// emoji's surrogate pair) speech keeps and Braille marks with one full cell
+// each; lone surrogates and controls are read around.
+TEST(ReadingTest, TextsWithoutReadings) {
   EXPECT_EQ(SpeechReading(u""), u"");
   EXPECT_EQ(BrailleKana(u""), u"");
-  EXPECT_EQ(BrailleCells(u""), u"");
   EXPECT_EQ(BrailleCells(u" \t\n "), u"");
-}
-
-TEST(ReadingTest, WhatHasNoReadingStaysAsItIs) {
-  // A snowman and an emoji (a surrogate pair) have no kana: speech keeps
-  // them, Braille marks each with one full cell.
   EXPECT_EQ(Utf8(SpeechReading(u"☃")), "☃");
   EXPECT_EQ(Utf8(BrailleCells(u"☃😀はな")), "⠿⠿⠥⠅");
-}
-
-TEST(ReadingTest, LoneSurrogatesAndControlsAreReadAround) {
   const std::u16string broken{u'\xD800', u'あ', u'\xDC00', u'\0', u'い'};
   EXPECT_EQ(Utf8(SpeechReading(broken)), "\xEF\xBF\xBD" "ア\xEF\xBF\xBD イ");
   EXPECT_EQ(Utf8(BrailleCells(broken)), "⠿⠁⠿⠀⠃");
