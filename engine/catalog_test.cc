@@ -116,10 +116,7 @@ TEST_F(Catalogs, DamagedBookCountEndsAtTheCatalogsEnd) {
   EXPECT_EQ(out.substr(0, 6 + 80 + 9), "-B0 ; " + listed("辞書", 80) + " : JITEN\n");
   // The second record's title is the first read to fail, and the last.
   EXPECT_EQ(out.find("-B1"), std::string::npos);
-  size_t failures = 0;
-  for (size_t at = out.find("error 9."); at != std::string::npos; at = out.find("error 9.", at + 1))
-    ++failures;
-  EXPECT_LE(failures, 80u);  // one title of 80 bytes, each failing on its own
+  EXPECT_LE(count_of(out, "error 9."), 80u);  // one title of 80 bytes, each failing on its own
 }
 
 TEST_F(Catalogs, MissingCatalogAndDrive) {

@@ -150,10 +150,7 @@ TEST(IndexDirectory, DamagedCountsEndWithTheBook) {
   std::string path = scratch_path("damaged_directory");
   std::ofstream(path, std::ios::binary) << page;
   std::string listing = run_engine({"-N" + path, "-V"}).out;
-  size_t entries = 0;
-  for (size_t at = listing.find(" 0xFF:"); at != std::string::npos; at = listing.find(" 0xFF:", at + 1))
-    ++entries;
-  EXPECT_EQ(entries, 127u);
+  EXPECT_EQ(count_of(listing, " 0xFF:"), 127u);
   EngineRun search = run_engine({"-N" + path, "-X9999", "-M", "word"});
   EXPECT_EQ(search.err, "");
 }

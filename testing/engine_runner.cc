@@ -58,3 +58,9 @@ EngineRun run_engine(const std::vector<std::string>& args, const std::string& in
   engine_main(static_cast<int>(words.size()), argv.data());
   return capture.finish();
 }
+
+size_t count_of(const std::string& text, const std::string& part) {
+  size_t count = 0;
+  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}

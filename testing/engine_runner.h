@@ -17,6 +17,9 @@ struct EngineRun {
 // The process environment is left as the caller set it.
 EngineRun run_engine(const std::vector<std::string>& args, const std::string& input = "");
 
+// How often `part` stands in `text`: lines of a listing, failures of a run.
+size_t count_of(const std::string& text, const std::string& part);
+
 // Runs `body` with the engine's standard streams captured the same way,
 // for the in-process calls (engine_catalog, engine_output...).
 template <typename Body>
