@@ -23,25 +23,20 @@ std::string normalized(const std::string& path, uint32_t flags = 0) {
   return buffer;
 }
 
-TEST(ParseNumber, ReadsDecimalOctalHexAndSign) {
-  EXPECT_EQ(parse("12"), std::make_pair(12, std::string()));
-  EXPECT_EQ(parse("012"), std::make_pair(10, std::string()));
-  EXPECT_EQ(parse("0x12"), std::make_pair(18, std::string()));
-  EXPECT_EQ(parse("0XaF"), std::make_pair(175, std::string()));
-  EXPECT_EQ(parse(" \t-0x10"), std::make_pair(-16, std::string()));
-  EXPECT_EQ(parse("-7"), std::make_pair(-7, std::string()));
-}
-
-TEST(ParseNumber, StopsAtTheFirstForeignCharacter) {
-  EXPECT_EQ(parse(""), std::make_pair(0, std::string()));
-  EXPECT_EQ(parse("abc"), std::make_pair(0, std::string("abc")));
-  EXPECT_EQ(parse("+5"), std::make_pair(0, std::string("+5")));
-  EXPECT_EQ(parse("12,name"), std::make_pair(12, std::string(",name")));
-  EXPECT_EQ(parse("08"), std::make_pair(0, std::string("8")));
-  EXPECT_EQ(parse("0x"), std::make_pair(0, std::string()));
-  EXPECT_EQ(parse("0xfg"), std::make_pair(15, std::string("g")));
-  // 32 bits, no overflow check: 2^32 + 1 wraps to 1.
-  EXPECT_EQ(parse("4294967297").first, 1);
+// Decimal, octal, hexadecimal and a sign, up to the first foreign character.
+TEST(ParseNumber, ReadsUpToTheFirstForeignCharacter) {
+  const struct {
+    const char* text;
+    int32_t value;
+    const char* rest;  // what is left unread
+  } cases[] = {
+      {"12", 12, ""},      {"012", 10, ""},     {"0x12", 18, ""},      {"0XaF", 175, ""},
+      {" \t-0x10", -16, ""}, {"-7", -7, ""},      {"", 0, ""},           {"abc", 0, "abc"},
+      {"+5", 0, "+5"},     {"12,name", 12, ",name"}, {"08", 0, "8"},    {"0x", 0, ""},
+      {"0xfg", 15, "g"},
+      {"4294967297", 1, ""},  // 32 bits, no overflow check: 2^32 + 1 wraps to 1
+  };
+  for (const auto& c : cases) EXPECT_EQ(parse(c.text), std::make_pair(c.value, std::string(c.rest))) << c.text;
 }
 
 TEST(NormalizeDrive, TurnsBackslashesAndEndsInSlash) {

@@ -172,20 +172,14 @@ TEST(IndexSearch, IndexHiraganaAndFallback) {
 TEST(IndexSearch, GroupSearchInBothLayouts) {
   std::vector<std::u8string> words = {u8"ああ", u8"いち", u8"いぬ", u8"いか", u8"いし", u8"いと", u8"うし"};
   SearchBook book("search_group", words);
+  const std::vector<IndexLeafEntry> entries = {
+      book.entry(0x00, u8"ああ", 0), book.entry(0x80, u8"い", 1, 5), book.entry(0xC0, u8"", 1),
+      book.entry(0xC0, u8"", 2),     book.entry(0xC0, u8"", 3),      book.entry(0xC0, u8"", 4),
+      book.entry(0xC0, u8"", 5),     book.entry(0x80, u8"う", 6, 0), book.entry(0xC0, u8"", 6)};
   // Even layout (0x80): the members' heads follow the group head's HEAD.
-  book.add_index(0x80,
-                 {book.entry(0x00, u8"ああ", 0), book.entry(0x80, u8"い", 1, 5),
-                  book.entry(0xC0, u8"", 1), book.entry(0xC0, u8"", 2), book.entry(0xC0, u8"", 3),
-                  book.entry(0xC0, u8"", 4), book.entry(0xC0, u8"", 5), book.entry(0x80, u8"う", 6, 0),
-                  book.entry(0xC0, u8"", 6)},
-                 {LeafLayout::kGroupSearchEven, 3, 2, 0});
+  book.add_index(0x80, entries, {LeafLayout::kGroupSearchEven, 3, 2, 0});
   // Odd layout (0x81): members bring their own heads; the head い ends its page.
-  book.add_index(0x81,
-                 {book.entry(0x00, u8"ああ", 0), book.entry(0x80, u8"い", 1, 5),
-                  book.entry(0xC0, u8"", 1), book.entry(0xC0, u8"", 2), book.entry(0xC0, u8"", 3),
-                  book.entry(0xC0, u8"", 4), book.entry(0xC0, u8"", 5), book.entry(0x80, u8"う", 6, 0),
-                  book.entry(0xC0, u8"", 6)},
-                 {LeafLayout::kGroupSearchOdd, 2, 2, 0});
+  book.add_index(0x81, entries, {LeafLayout::kGroupSearchOdd, 2, 2, 0});
   std::string group_i = "5個あります\n" + book.member(1) + book.member(2) + book.member(3) +
                         book.member(4) + book.member(5);
   EXPECT_EQ(book.run({"-J", "い"}).out, group_i);
