@@ -109,17 +109,3 @@ TEST(Window, InputSourceFeedsAnEmptyQueue) {
   SetMessageSource(nullptr);
   EXPECT_EQ(log, (std::vector<std::string>{"f:1/0", "f:3024/1", "f:3024/2"}));
 }
-
-TEST(Window, CopyDataRecordReachesTheHandler) {
-  std::vector<std::string> log;
-  RecordingWindow taskManager(log, "t");
-  taskManager.CreateWindowObject();
-  uint32_t record[4] = {0, 0, 0, 1};
-  COPYDATASTRUCT data{9, sizeof record, record};
-  taskManager.hookedMessage = WM_COPYDATA;
-  taskManager.hook = [](WPARAM, LPARAM lParam) {
-    auto* copy = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-    return LRESULT(copy->dwData == 9 && static_cast<const uint32_t*>(copy->lpData)[3] == 1);
-  };
-  EXPECT_EQ(SendMessage(taskManager.GetSafeHwnd(), WM_COPYDATA, 5, reinterpret_cast<LPARAM>(&data)), 1);
-}
