@@ -81,18 +81,6 @@ TEST_F(FrameTest, CreationRunsItsStepsInOrder) {
   EXPECT_EQ(Transcript(), "STARTED\n");
 }
 
-TEST_F(FrameTest, CloseSavesThenTellsTheTaskManagerAndEndsTheLoop) {
-  Start();
-  frame().options.gaijiReplace = 0;
-  PostMessage(frame().GetSafeHwnd(), WM_CLOSE, 0, 0);
-  EXPECT_EQ(RunMessageLoop(), 0);
-  EXPECT_TRUE(taskManager.AppEnded());
-  EXPECT_EQ(app.mainWnd, nullptr);
-  EXPECT_EQ(Transcript(), "STARTED\nENDED\n");
-  const std::string text = ReadWholeFile(home / "epwingdict.ini");
-  EXPECT_NE(text.find("GAIJI_REPLACE=0\n"), std::string::npos) << text;
-}
-
 TEST_F(FrameTest, BrailleKeysGoToModalThenPopupThenFrame) {
   Start();
   MessageCatcher modal, popup;

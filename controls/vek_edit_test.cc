@@ -4,7 +4,6 @@
 
 #include "controls/beep_window_for_test.h"
 #include "controls/control_keys.h"
-#include "controls/key_help.h"
 #include "controls/vek_button_ctrl.h"
 #include "testing/recording_presenter.h"
 
@@ -159,34 +158,6 @@ TEST(EditTest, FocusDecidesWhereTypingGoesAndEndsBeep) {
   Type(edit, u"x");
   EXPECT_EQ(task.beeps, 3);
   EXPECT_TRUE(edit.GetText(0).IsEmpty());
-}
-
-// Names keys as a terminal's keyboard would; two common keys.
-class TestGuide : public KeyGuide {
- public:
-  CString KeyName(uint32_t code) const override {
-    if (code == CK_CHAR_LEFT) return u"左矢印";
-    return code == CK_BACKSPACE ? CString(u"バックスペース") : CString();
-  }
-  std::vector<NamedKey> CommonKeys() const override {
-    return {{u"タブ", u"次のコントロール"}, {u"F1", u"ヘルプ"}};
-  }
-};
-
-TEST(EditTest, HelpTellsTheKeysOfTheFocusThenTheCommonOnes) {
-  ScopedRecordingPresenter out;
-  TestGuide guide;
-  SetKeyGuide(&guide);
-  CVekEdit edit;
-  SetUpField(edit, false, u"");
-  edit.SetFocus(u"検索ワード:", 1);
-  edit.OnBrailleKey(CK_HELP, 0);
-  // Keys the guide has no name for are left out.
-  EXPECT_EQ(out.LastSpeech(),
-            "ヘルプ。入力欄のキー。左矢印、一文字戻る。バックスペース、前の文字を削除。"
-            "共通のキー。タブ、次のコントロール。F1、ヘルプ。");
-  EXPECT_EQ(out.LastBraille(), out.LastSpeech());
-  SetKeyGuide(nullptr);
 }
 
 TEST(EditTest, KeyFortyOneSubStateEndsOnTheClosingKeys) {
