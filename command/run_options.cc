@@ -1,6 +1,11 @@
 // One argument of a run (engine_arg): the option letters, positions and
 // keywords. Options are dispatched on their upper-cased letter, each in a
 // case of its own.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
 #include <cstring>
 
 #include "command/run.h"
@@ -25,14 +30,44 @@ void show_page(int32_t page) {
 // Upper case for ASCII letters only; Shift-JIS bytes stay as they are.
 char ascii_upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
+int descriptor_of(void* cookie) { return static_cast<int>(reinterpret_cast<intptr_t>(cookie)); }
+
+// The stream's writes to its file: all of `size` bytes, or as many as went
+// before a failure (0 tells the stream of the failure).
+ssize_t write_all(void* cookie, const char* bytes, size_t size) {
+  size_t done = 0;
+  while (done < size) {
+    const ssize_t wrote = write(descriptor_of(cookie), bytes + done, size - done);
+    if (wrote > 0) done += static_cast<size_t>(wrote);
+    else if (wrote < 0 && errno == EINTR) continue;
+    else break;
+  }
+  return static_cast<ssize_t>(done);
+}
+
+int close_descriptor(void* cookie) { return close(descriptor_of(cookie)); }
+
+// The file at `path` opened for appending, made when missing, as fopen with
+// "a" opens it, but without the seek to its end that the stream library
+// makes and nothing here needs: every write to a file opened O_APPEND goes
+// to its end.
+FILE* open_for_appending(const char* path) {
+  const int descriptor = open(path, O_WRONLY | O_CREAT | O_APPEND, 0666);
+  if (descriptor < 0) return nullptr;
+  const cookie_io_functions_t calls{nullptr, write_all, nullptr, close_descriptor};
+  FILE* file = fopencookie(reinterpret_cast<void*>(static_cast<intptr_t>(descriptor)), "a", calls);
+  if (!file) close(descriptor);
+  return file;
+}
+
 // -O: back to standard output, then to the end of the file at `path` when
-// one is given. The file is opened for appending in text mode so that what
-// stands in it stays.
+// one is given. The file is opened for appending so that what stands in it
+// stays.
 void redirect_output(const char* path) {
   if (engine.output != engine.std_out && engine.output) fclose(engine.output);
   engine.output = engine.std_out;
   if (path[0] == '\0') return;
-  FILE* file = fopen(path, "a");
+  FILE* file = open_for_appending(path);
   if (!file) {
     host_perror(path);
     return;
