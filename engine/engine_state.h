@@ -99,7 +99,7 @@ struct FileStamp {
 // files whose stamps are known. The blocks hold what a few dozen lookups
 // read: the upper pages of an index and the articles read again.
 constexpr int kBlockSize = 4096;
-constexpr int kBlockCount = 512;
+constexpr int kBlockCount = 1024;
 constexpr int kBlockWays = 8;
 constexpr int kBookFileSlots = 8;
 static_assert(kBlockCount % kBlockWays == 0);
@@ -115,6 +115,7 @@ struct BookBlock {
   int64_t start;       // offset of its first byte in the file
   int32_t length;      // bytes it holds: kBlockSize, fewer where the file ends
   uint32_t last_use;   // use count at its last use; the least recent of a set goes first
+  unsigned char* bytes;  // its bytes in block_bytes; set when it is first read
 };
 
 // A book file cdopen opened whose stamp is known: while in use, and after

@@ -168,11 +168,6 @@ void release(FILE* file) {
   fclose(file);
 }
 
-// The bytes `block` holds.
-unsigned char* bytes_of(const BookBlock* block) {
-  return engine.block_bytes[block - engine.blocks];
-}
-
 // The block of `file` that holds `offset`, read now unless it is kept; null
 // when the read fails.
 BookBlock* block_at(FILE* file, int64_t offset) {
@@ -187,7 +182,8 @@ BookBlock* block_at(FILE* file, int64_t offset) {
     }
     if (block->last_use < oldest->last_use) oldest = block;
   }
-  const ssize_t got = pread(fileno(file), bytes_of(oldest), kBlockSize, start);
+  oldest->bytes = engine.block_bytes[oldest - engine.blocks];
+  const ssize_t got = pread(fileno(file), oldest->bytes, kBlockSize, start);
   if (got < 0) {
     free_block(*oldest);
     return nullptr;
@@ -198,21 +194,6 @@ BookBlock* block_at(FILE* file, int64_t offset) {
   oldest->length = static_cast<int32_t>(got);
   oldest->last_use = ++engine.block_uses;
   return oldest;
-}
-
-// The next `size` bytes of current_file when the block read last holds them
-// all, the reader then standing behind them; else null. The path of nearly
-// every read.
-[[gnu::always_inline]] inline const unsigned char* kept_bytes(size_t size) {
-  BookReader& place = engine.reader;
-  const BookBlock* block = place.block;
-  if (!block || place.file != engine.current_file || block->file != place.file || place.at_end) {
-    return nullptr;
-  }
-  const int64_t inside = place.offset - block->start;
-  if (inside < 0 || inside + static_cast<int64_t>(size) > block->length) return nullptr;
-  place.offset += static_cast<int64_t>(size);
-  return bytes_of(block) + inside;
 }
 
 // Up to `size` bytes of current_file from the reader's offset on, as fread
@@ -242,7 +223,7 @@ size_t read_bytes(unsigned char* bytes, size_t size) {
       break;
     }
     const size_t take = std::min(size - got, static_cast<size_t>(block->length - inside));
-    memcpy(bytes + got, bytes_of(block) + inside, take);
+    memcpy(bytes + got, block->bytes + inside, take);
     got += take;
     place.offset += static_cast<int64_t>(take);
   }
@@ -348,7 +329,7 @@ void cdclose() {
   engine.reader = BookReader{};
 }
 
-int32_t cdtell() {
+int32_t position_from_file() {
   FILE* file = engine.current_file;
   if (!file) {
     fputs("error in cdtell: file not open\n", engine.std_out);
@@ -416,14 +397,11 @@ int cdgetbyte() {
   return 0;
 }
 
-int cdgetword() {
+int word_from_file() {
   if (!engine.current_file) return 0;
   // Under a table, cdtell also checks that current_file is one of its rows
   // and reports when it is not, so it runs ahead of every read there.
   const bool table = engine.flags & DF_FILE_TABLE;
-  if (!table) {
-    if (const unsigned char* kept = kept_bytes(2)) return kept[0] << 8 | kept[1];
-  }
   const int32_t table_start = table ? cdtell() : 0;
   unsigned char word[2];
   const size_t got = read_bytes(word, 2);

@@ -29,8 +29,34 @@ void cdforget(FILE* file);
 // Closes whatever book files are open; current_file becomes null. A book
 // file with a stamp stays open, parked for the next cdopen of its path.
 void cdclose();
+// The next `size` bytes of current_file when the block read last holds them
+// all, the reader then standing behind them; else null. The path of nearly
+// every read, inlined where text is decoded.
+[[gnu::always_inline]] inline const unsigned char* kept_bytes(size_t size) {
+  BookReader& place = engine.reader;
+  const BookBlock* block = place.block;
+  if (!block || !place.file || place.file != engine.current_file || block->file != place.file ||
+      place.at_end) {
+    return nullptr;
+  }
+  const int64_t inside = place.offset - block->start;
+  if (inside < 0 || inside + static_cast<int64_t>(size) > block->length) return nullptr;
+  place.offset += static_cast<int64_t>(size);
+  return block->bytes + inside;
+}
+
+// The out-of-line parts of cdtell and cdgetword.
+int32_t position_from_file();
+int word_from_file();
+
 // The logical position; -1 after a failure.
-int32_t cdtell();
+inline int32_t cdtell() {
+  const BookReader& place = engine.reader;
+  if (place.file && place.file == engine.current_file && !(engine.flags & DF_FILE_TABLE)) {
+    return static_cast<int32_t>(place.offset);
+  }
+  return position_from_file();
+}
 // whence 0: to logical position `offset`; whence 1: by `offset` bytes.
 int32_t cdseek(int32_t offset, int whence);
 // To the first byte of `page` (pages count from 1).
@@ -38,7 +64,13 @@ void cdseekpage(int32_t page);
 // One byte 0..255; 0 after a failure.
 int cdgetbyte();
 // One big-endian word 0..65535; 0 after a failure.
-int cdgetword();
+inline int cdgetword() {
+  // Under a table, cdtell runs ahead of every read (word_from_file).
+  if (!(engine.flags & DF_FILE_TABLE)) {
+    if (const unsigned char* kept = kept_bytes(2)) return kept[0] << 8 | kept[1];
+  }
+  return word_from_file();
+}
 // Up to `size` bytes from the position on, as fread reads them: fewer where
 // the file ends or a read fails, and never on into the next file of a table.
 size_t cdread(void* bytes, size_t size);
