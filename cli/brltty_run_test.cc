@@ -203,6 +203,10 @@ class BrlttyRunTest : public EpwingdictRunner {
     while (!Accepts(kBrlapiBasePort + server) && Clock::now() < deadline)
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
     ASSERT_TRUE(Accepts(kBrlapiBasePort + server)) << "BrlAPI does not listen: " << BrlttyLog();
+    // BrlAPI may listen before the driver has its cells: the first line of
+    // cells on the display says it has.
+    ASSERT_TRUE(display_.WaitUntil([](const std::u16string&, int) { return true; }))
+        << "BRLTTY shows nothing: " << BrlttyLog();
 
     std::filesystem::create_directories(work / "run" / "epwingdict");
     ASSERT_TRUE(terminal_.Start({program.string(), "--card", card.string(), "--home", work.string(),
@@ -220,7 +224,16 @@ class BrlttyRunTest : public EpwingdictRunner {
   }
 
   std::string BrlttyLog() const { return ReadWholeFile(brlttyLog_); }
-  std::string Shown() const { return terminal_.Shown() + "\n[BRLTTY]\n" + BrlttyLog(); }
+  // What the terminal showed (and shows within a moment more), the
+  // display's last cells and BRLTTY's log, for a failure.
+  std::string Shown() {
+    terminal_.ReadFor(200);
+    std::string cells;
+    for (char16_t cell : display_.Cells())
+      cells += {static_cast<char>(0xE2), static_cast<char>(0x80 | ((cell >> 6) & 0x3F)),
+                static_cast<char>(0x80 | (cell & 0x3F))};
+    return terminal_.Shown() + "\n[DISPLAY] " + cells + "\n[BRLTTY]\n" + BrlttyLog();
+  }
 
   // The cells `tenji` gives for `text`.
   std::u16string Tenji(const std::string& text) {

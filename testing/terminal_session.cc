@@ -35,16 +35,26 @@ bool TerminalSession::Start(const std::vector<std::string>& args,
 bool TerminalSession::ReadUntil(const std::string& text, int seconds) {
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
   while (shown_.find(text) == std::string::npos) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    pollfd fd = {terminal_, POLLIN, 0};
-    if (poll(&fd, 1, 200) <= 0) continue;
-    char buffer[4096];
-    const ssize_t got = read(terminal_, buffer, sizeof buffer);
-    if (got <= 0) return false;
-    for (ssize_t i = 0; i < got; ++i)
-      if (buffer[i] != '\r') shown_ += buffer[i];
+    if (std::chrono::steady_clock::now() > deadline || ReadSome(200) < 0) return false;
   }
   return true;
+}
+
+void TerminalSession::ReadFor(int milliseconds) {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+  while (std::chrono::steady_clock::now() < deadline && ReadSome(50) >= 0) {
+  }
+}
+
+int TerminalSession::ReadSome(int timeoutMs) {
+  pollfd fd = {terminal_, POLLIN, 0};
+  if (poll(&fd, 1, timeoutMs) <= 0) return 0;
+  char buffer[4096];
+  const ssize_t got = read(terminal_, buffer, sizeof buffer);
+  if (got <= 0) return -1;
+  for (ssize_t i = 0; i < got; ++i)
+    if (buffer[i] != '\r') shown_ += buffer[i];
+  return 1;
 }
 
 bool TerminalSession::Type(const std::string& keys) {

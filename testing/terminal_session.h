@@ -22,6 +22,9 @@ class TerminalSession {
   // Reads what the terminal shows until `text` has come (true), or until
   // the program ends or `seconds` pass without it (false).
   bool ReadUntil(const std::string& text, int seconds = 20);
+  // Reads what the terminal shows in the next `milliseconds`, or until the
+  // program ends.
+  void ReadFor(int milliseconds);
   // Types `keys`; false when they could not all be written.
   bool Type(const std::string& keys);
   // Waits up to `seconds` for the program's end: its exit status, or -1
@@ -34,6 +37,10 @@ class TerminalSession {
   pid_t Pid() const { return child_; }
 
  private:
+  // Reads what has come within `timeoutMs`: 1 something, 0 nothing, -1 the
+  // terminal is closed (the program ended).
+  int ReadSome(int timeoutMs);
+
   std::string shown_;  // what the terminal showed, line feeds only
   pid_t child_ = -1;   // the program while it runs
   int terminal_ = -1;  // our side of its terminal
