@@ -1,11 +1,8 @@
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 #include "app/frame_fixture_for_test.h"
 #include "app/notify_beep.h"
 #include "controls/jpn_data.h"
-#include "tools/book_writer.h"
 
 namespace {
 
@@ -35,51 +32,6 @@ std::string Message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 }  // namespace
-
-TEST_F(FrameTest, CreationRunsItsStepsInOrder) {
-  BookTree plus;
-  plus.add_book("辞典", "JITEN");
-  plus.write(card / "epwing" / "plus");
-  std::ofstream(home / "epwingdict.ini")
-      << "[OPTION_SETTING]\nGAIJI_VISIBLE=2\n[DICT_LIST]\nLIST_SIZE=1\nTITLE_0000=Mine\n"
-         "PATH_0000=\\SD\\other\nBOOKNUM_0000=3\n";
-  ASSERT_TRUE(taskManager.StartApplication(app));
-
-  CallLog expected = {"menu.OpenRes(EPWING_MENU.lng)", "prompt.OpenRes(\\windows\\vekwrdJpn.lng)",
-                      "menu.SetLocalWnd", "menu.SetTaskWnd", "edit.SetLocalWnd", "edit.SetTaskWnd"};
-  const char* buttons[] = {"searchButton", "openButton", "closeButton", "manageButton", "addButton",
-                           "deleteButton", "registerButton", "cancelButton", "applyButton"};
-  const char* labels[] = {"検索開始", "開く", "閉じる", "辞書の追加と削除", "追加",
-                          "削除", "登録", "キャンセル", "設定"};
-  for (const char* button : buttons) {
-    expected.push_back(std::string(button) + ".SetCtrlLocalWnd");
-    expected.push_back(std::string(button) + ".SetCtrlTaskWnd");
-  }
-  expected.insert(expected.end(), {"list.SetCtrlLocalWnd", "list.SetCtrlTaskWnd",
-                                   "prompt.SetLocalWnd", "prompt.SetTaskWnd"});
-  for (size_t i = 0; i < std::size(buttons); ++i) {
-    expected.push_back(std::string(buttons[i]) + ".SetMask(0)");
-    expected.push_back(std::string(buttons[i]) + ".SetLabel(" + labels[i] + ")");
-  }
-  expected.insert(expected.end(), {"list.ResetContent()", "list.SetMask(0)", "list.SetLabel(辞書選択:)",
-                                   "list.AddString(辞典)", "list.AddString(Mine)", "list.SetCurSel(0)",
-                                   "list.DisplayItem(1)"});
-  EXPECT_EQ(log, expected);
-
-  // Discovery comes before the registered dictionaries of the settings.
-  CMainFrame& f = frame();
-  EXPECT_EQ(f.builtinCount, 1);
-  ASSERT_EQ(f.DictionaryList.size(), 2u);
-  EXPECT_EQ(f.DictionaryList[1].path, CString(u"\\SD\\other"));
-  EXPECT_EQ(f.DictionaryList[1].bookNumber, 3);
-  EXPECT_EQ(f.options.gaijiVisible, 2);
-  EXPECT_EQ(f.options.gaijiReplace, 1);
-  EXPECT_EQ(f.rootPath, CString(u"\\SD\\epwing"));
-  EXPECT_EQ(f.routingMode, MODE_SCREEN);
-  EXPECT_EQ(f.taskWnd, taskManager.GetSafeHwnd());
-  EXPECT_EQ(taskManager.AppWindow(), f.GetSafeHwnd());
-  EXPECT_EQ(Transcript(), "STARTED\n");
-}
 
 TEST_F(FrameTest, BrailleKeysGoToModalThenPopupThenFrame) {
   Start();
