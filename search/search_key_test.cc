@@ -182,11 +182,8 @@ TEST(SearchKey, KeyLengthAndLongKeys) {
 }
 
 TEST(SearchKey, HelpersOnJisStrings) {
-  EXPECT_EQ(sjis_to_jis(0x82A0), 0x2422);
-  EXPECT_EQ(sjis_to_jis(0x8140), 0x2121);
-  EXPECT_EQ(sjis_to_jis(0x93FA), 0x467C);  // 日
-  EXPECT_EQ(sjis_to_jis(0xE040), 0x5F21);
-  // The inverse of the catalogs' jis_to_sjis over the whole 94 x 94 set:
+  // The inverse of the catalogs' jis_to_sjis (whose values are pinned with
+  // the catalogs) over the whole 94 x 94 set:
   // the book builder turns its Shift-JIS into a book's JIS through it.
   int wrong = 0;
   for (int high = 0x21; high <= 0x7E; ++high) {
@@ -204,10 +201,6 @@ TEST(SearchKey, HelpersOnJisStrings) {
   EXPECT_EQ(key_in_ascii_rows("\x21\x21\x23\x41"), 1);
   EXPECT_EQ(key_in_ascii_rows("\x23\x41\xA1\x21"), 0);
   EXPECT_EQ(key_in_ascii_rows("\x23\x41\x24"), 1);  // a half pair ends the walk
-
-  char text[] = "abc";
-  EXPECT_EQ(cdreverse(text), 3);
-  EXPECT_STREQ(text, "cba");
 }
 
 }  // namespace
