@@ -7,11 +7,12 @@ missing=""
 # python3: the layering test (scripts/folder_graph.py).
 # MeCab and its dictionary give texts their readings; espeak-ng speaks them.
 # freepwing (fpwmake) makes the tests' books of another writer.
+# edict: the word list that the lookup guard test and `make bench` build a book of.
 # Speech and Braille: the client libraries the reader links, and the servers
 # its tests start (speech-dispatcher, brltty); the reader never needs them.
 devices="pkg-config libspeechd-dev libespeak-ng-dev libbrlapi-dev speech-dispatcher brltty"
 for pkg in cmake g++ make libgtest-dev man-db groff-base python3 libmecab-dev mecab-ipadic-utf8 \
-    espeak-ng freepwing $devices "$@"; do
+    espeak-ng freepwing edict $devices "$@"; do
   dpkg -s "$pkg" >/dev/null 2>&1 || missing="$missing $pkg"
 done
 [ -z "$missing" ] && exit 0
