@@ -102,7 +102,8 @@ constexpr int kBlockSize = 4096;
 constexpr int kBlockCount = 1024;
 constexpr int kBlockWays = 8;
 constexpr int kBookFileSlots = 8;
-static_assert(kBlockCount % kBlockWays == 0);
+constexpr int kBlockSets = kBlockCount / kBlockWays;
+static_assert(kBlockCount % kBlockWays == 0 && kBlockSets % 64 == 0);
 
 // A block of a book file, kept while the run reads on, so that going back
 // to a page (an index page between the articles it leads to) reads nothing;
@@ -181,6 +182,7 @@ struct EngineState {
   BookReader reader;            // the position and flags of current_file
   BookBlock blocks[kBlockCount];  // blocks of the open book files, read once each
   uint32_t block_uses;          // uses of blocks so far, for last_use
+  uint64_t filled_sets[kBlockSets / 64];  // bit per set: some block of it was ever read
   BookFileSlot book_files[kBookFileSlots];  // open book files whose stamps are known
   uint32_t park_count;          // book files parked so far, for parked_at
   FoundPath found_paths[kFoundPathSlots];  // found book file paths, kept between runs

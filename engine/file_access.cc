@@ -87,6 +87,17 @@ void free_block(BookBlock& block) {
   block.last_use = 0;
 }
 
+// Calls `visit` on every block of the sets ever filled: the others hold
+// nothing, and a process that read a few blocks does not go through (nor
+// touch the pages of) all the rest.
+template <typename Visit>
+void each_filled_block(Visit visit) {
+  for (int set = 0; set < kBlockSets; ++set) {
+    if (!(engine.filled_sets[set / 64] >> (set % 64) & 1)) continue;
+    for (int way = 0; way < kBlockWays; ++way) visit(engine.blocks[set * kBlockWays + way]);
+  }
+}
+
 // The slot of `file`, or null when it has none.
 BookFileSlot* slot_of(FILE* file) {
   for (BookFileSlot& slot : engine.book_files) {
@@ -104,9 +115,9 @@ FileStamp stamp_of(FILE* file) {
 // Blocks of `file` are no longer its: they wait, by their stamp, for the
 // next open of the same unchanged file.
 void detach_blocks(FILE* file) {
-  for (BookBlock& block : engine.blocks) {
+  each_filled_block([file](BookBlock& block) {
     if (block.file == file) block.file = nullptr;
-  }
+  });
 }
 
 // Closes a parked file for good and frees its slot.
@@ -137,9 +148,9 @@ void take_up_blocks(FILE* file, const FileStamp& stamp, const char* path) {
   slot->file = file;
   slot->stamp = stamp;
   strcpy(slot->path, path);
-  for (BookBlock& block : engine.blocks) {
+  each_filled_block([file, &stamp](BookBlock& block) {
     if (!block.file && same_stamp(block.stamp, stamp)) block.file = file;
-  }
+  });
 }
 
 // The file parked for `path`, taken up again, while the path leads to the
@@ -172,8 +183,8 @@ void release(FILE* file) {
 // when the read fails.
 BookBlock* block_at(FILE* file, int64_t offset) {
   const int64_t start = offset - offset % kBlockSize;
-  constexpr int64_t kSets = kBlockCount / kBlockWays;
-  BookBlock* const set = &engine.blocks[start / kBlockSize % kSets * kBlockWays];
+  const int64_t set_number = start / kBlockSize % kBlockSets;
+  BookBlock* const set = &engine.blocks[set_number * kBlockWays];
   BookBlock* oldest = set;
   for (BookBlock* block = set; block < set + kBlockWays; ++block) {
     if (block->file == file && block->start == start) {
@@ -182,6 +193,7 @@ BookBlock* block_at(FILE* file, int64_t offset) {
     }
     if (block->last_use < oldest->last_use) oldest = block;
   }
+  engine.filled_sets[set_number / 64] |= uint64_t{1} << (set_number % 64);
   oldest->bytes = engine.block_bytes[oldest - engine.blocks];
   const ssize_t got = pread(fileno(file), oldest->bytes, kBlockSize, start);
   if (got < 0) {
@@ -301,9 +313,9 @@ FILE* cdopen(const char* name) {
 }
 
 void cdforget(FILE* file) {
-  for (BookBlock& block : engine.blocks) {
+  each_filled_block([file](BookBlock& block) {
     if (block.file == file) free_block(block);
-  }
+  });
   if (BookFileSlot* slot = slot_of(file)) *slot = BookFileSlot{};
   if (engine.reader.file == file) engine.reader = BookReader{};
 }
