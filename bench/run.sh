@@ -1,11 +1,11 @@
 #!/bin/bash
 # `make bench`: lookup speed of the EDICT book against true(1) (the cost of
 # starting any process), look(1) and grep -F, measured side by side in one
-# run; in-process lookups as the application makes them, with their user
-# and system time and system calls; peak memory of one lookup, the time
-# mkbook takes to build the book, and starts and closes over the settings
-# file (settings_bench). Prints a table, then one "name value unit" line per
-# figure.
+# run, by the wall clock and by CPU time; in-process lookups as the
+# application makes them, with their user and system time and system
+# calls; peak memory of one lookup, the time mkbook takes to build the
+# book, and starts and closes over the settings file (settings_bench).
+# Prints a table, then one "name value unit" line per figure.
 set -e
 build=${1:-build}
 bin=$build/bin
@@ -63,6 +63,22 @@ while IFS= read -r word; do
     t=$(now_us); LC_ALL=C grep -F "$euc" "$edict" >/dev/null || true; echo $(( $(now_us) - t )) >> "$work/grep.us"
   done
 done < "$here/words.txt"
+# The CPU time (user and system) of the same runs, which other programs on a
+# busy machine do not lengthen as they do the wall clock: the shell's
+# `times` for its children, written before and after each series (into
+# files: a command substitution would run it in a child of its own).
+sjis_words=()
+while IFS= read -r word; do sjis_words+=("$(printf '%s' "$word" | iconv -f UTF-8 -t CP932)"); done < "$here/words.txt"
+times > "$work/times.0"
+for _ in $(seq $repeats); do for sjis in "${sjis_words[@]}"; do "$bin/tomeview" --sjis "-D$book" "$sjis" >/dev/null; done; done
+times > "$work/times.1"
+for _ in $(seq $repeats); do for sjis in "${sjis_words[@]}"; do /usr/bin/true "-D$book" "$sjis" >/dev/null; done; done
+times > "$work/times.2"
+children_us() { awk 'NR == 2 { split($1, u, /[ms]/); split($2, s, /[ms]/); printf "%.0f\n", (u[1] * 60 + u[2] + s[1] * 60 + s[2]) * 1e6 }' "$1"; }
+runs=$(( repeats * ${#sjis_words[@]} ))
+tomeview_cpu_us=$(( ($(children_us "$work/times.1") - $(children_us "$work/times.0")) / runs ))
+true_cpu_us=$(( ($(children_us "$work/times.2") - $(children_us "$work/times.1")) / runs ))
+
 tomeview_us=$(median < "$work/tomeview.us")
 true_us=$(median < "$work/true.us")
 look_us=$(median < "$work/look.us")
@@ -88,7 +104,8 @@ rss_kib=$( { /usr/bin/time -f '%M' "$bin/tomeview" --sjis "-D$book" "$(printf 'ã
 figures=$(
   awk -v t="$tomeview_us" -v l="$look_us" -v g="$grep_us" -v r="$rss_kib" \
       -v b="$build_us" -v e="$entries" -v w="$(wc -l < "$here/words.txt")" \
-      -v tr="$true_us" -v c1="$calls_1" -v c2="$calls_1001" 'BEGIN {
+      -v tr="$true_us" -v c1="$calls_1" -v c2="$calls_1001" \
+      -v tc="$tomeview_cpu_us" -v trc="$true_cpu_us" 'BEGIN {
     printf "lookup_words %d words\n", w
     printf "lookup_median_tomeview %.2f ms\n", t / 1000
     printf "lookup_median_true %.2f ms\n", tr / 1000
@@ -96,6 +113,9 @@ figures=$(
     printf "lookup_median_grep %.2f ms\n", g / 1000
     printf "lookup_ratio_tomeview_true %.2f ratio\n", t / tr
     printf "lookup_ratio_tomeview_look %.2f ratio\n", t / l
+    printf "lookup_cpu_tomeview %.0f us\n", tc
+    printf "lookup_cpu_true %.0f us\n", trc
+    printf "lookup_cpu_ratio_tomeview_true %.2f ratio\n", tc / trc
     printf "inprocess_syscalls_per_lookup %.1f calls\n", (c2 - c1) / 1000
     printf "peak_rss_tomeview %.2f MiB\n", r / 1024
     printf "edict_build_time %.2f s\n", b / 1e6
