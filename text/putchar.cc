@@ -25,7 +25,7 @@ constexpr int32_t kAsciiRows = 3;
 
 // The ASCII character whose full-width form is `code`, or 0. Every
 // character of a half-width run asks, so ascii_to_jis is turned round once.
-uint32_t ascii_of(int32_t code) {
+[[gnu::always_inline]] inline uint32_t ascii_of(int32_t code) {
   static const auto by_code = [] {
     struct {
       uint8_t ascii[kAsciiRows][256];  // by row - 0x21 and column; 0 for none
@@ -70,7 +70,10 @@ size_t copy_cut(char* place, const char* text, size_t length, size_t room) {
 
 }  // namespace
 
-size_t cdputchar(int32_t code, char* place, size_t room) {
+namespace {
+
+// cdputchar in every case.
+[[gnu::noinline]] size_t any_putchar(int32_t code, char* place, size_t room) {
   if (code == 0 || room == 0) return 0;
   if (code < kFirstJis || code > kLastJis) {
     if (const char* defined = cdgaijifind(code)) return copy_cut(place, defined, strlen(defined), room);
@@ -81,7 +84,6 @@ size_t cdputchar(int32_t code, char* place, size_t room) {
   if ((engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE)) {
     bytes = halfwidth_form(code, bytes);
   }
-  // One or two bytes, written in place: the path of nearly every character.
   const char high = static_cast<char>(bytes >> 8);
   const char low = static_cast<char>(bytes & 0xFF);
   size_t length = 0;
@@ -90,4 +92,31 @@ size_t cdputchar(int32_t code, char* place, size_t room) {
   if (low != '\0' && length + 1 < room) place[length++] = low;
   place[length] = '\0';
   return length;
+}
+
+}  // namespace
+
+size_t cdputchar(int32_t code, char* place, size_t room) {
+  // The paths of nearly every character: a JIS X 0208 code (both bytes
+  // 0x21 to 0x7E) with room for two bytes and the NUL, in full width (its
+  // Shift-JIS form, two bytes, neither of them 0) or the half-width form of
+  // an ASCII character.
+  const bool column_in_set = static_cast<uint32_t>((code & 0xFF) - 0x21) < 0x5E;
+  if (code >= kFirstJis && code <= kLastJis && column_in_set && room > 2) {
+    if (!(engine.text_attribute & TA_HALF)) {
+      const int32_t bytes = jis_to_sjis(code);
+      place[0] = static_cast<char>(bytes >> 8);
+      place[1] = static_cast<char>(bytes);
+      place[2] = '\0';
+      return 2;
+    }
+    if (!(engine.flags & DF_VERBOSE)) {
+      if (const uint32_t ascii = ascii_of(code)) {
+        place[0] = static_cast<char>(ascii);
+        place[1] = '\0';
+        return 1;
+      }
+    }
+  }
+  return any_putchar(code, place, room);
 }
