@@ -48,6 +48,9 @@ TEST_F(HostileWordsRunTest, TypedWordsAndCandidatesThatLookLikeOptionsAreSearche
       << ReadWholeFile(work / "stderr.txt");
   const std::string transcript = Transcript();
   EXPECT_EQ(CountLines(transcript, "TTS 検索開始"), 6u) << transcript;
+  // Words that nothing finds, in no form tried: the empty list, unannounced.
+  EXPECT_EQ(CountLines(transcript, "BRL 検索結果:項目なし"), 5u);
+  EXPECT_EQ(transcript.find("で見つかりました"), std::string::npos);
   const size_t candidate = transcript.find("BRL 前方一致検索候補:○");
   ASSERT_NE(candidate, std::string::npos) << transcript;
   EXPECT_TRUE(HasLinesInOrder(transcript.substr(candidate), {"TTS 検索開始", "ENDED"}));

@@ -73,12 +73,4 @@ TEST_F(TypedWordsRunTest, EachFormFindsTheArticleAndIsAnnounced) {
   }
 }
 
-TEST_F(TypedWordsRunTest, AWordThatNothingFindsShowsTheEmptyListUnannounced) {
-  // "sa kura" is tried as sakura and さくら too.
-  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext sa kura\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n"), 0);
-  const std::string transcript = Transcript();
-  EXPECT_TRUE(HasLinesInOrder(transcript, {"TTS 検索開始", "BRL 検索結果:項目なし", "ENDED"}));
-  EXPECT_EQ(transcript.find("で見つかりました"), std::string::npos) << transcript;
-}
-
 }  // namespace

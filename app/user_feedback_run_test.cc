@@ -1,7 +1,7 @@
 // What the controls tell the user beyond the screens' own messages, in
-// epwingdict runs on the demo card: where typing goes, beeps at the ends
-// of lists and texts, the position key, the article read on opening and
-// read again on request, and the help.
+// epwingdict runs on the demo card: beeps at the ends of lists and texts,
+// the position key, the article read on opening and read again on request,
+// and the help. (Where typing goes: the edit control's tests.)
 #include <string>
 
 #include "testing/epwingdict_runner.h"
@@ -11,22 +11,6 @@ namespace {
 class UserFeedbackRunTest : public EpwingdictRunner {};
 
 }  // namespace
-
-TEST_F(UserFeedbackRunTest, TypingGoesOnBehindTheWordAndNowhereElse) {
-  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"
-                "text いぬ\n"           // on the result list: refused
-                "KEY_BACK\ntext び\n"   // back on the word: behind it
-                "64\n64\n64\n64\n"      // three characters to delete, then none
-                "KEY_EXIT\n"),
-            0)
-      << ReadWholeFile(work / "stderr.txt");
-  EXPECT_TRUE(HasLinesInOrder(Transcript(),
-                              {"BRL 検索結果:はな【花】", "TTS 検索結果:はな【花】", "BEEP 32",
-                               "BRL 検索ワード:はな", "BRL 検索ワード:はなび", "TTS び",
-                               "TTS な", "TTS は", "BRL 検索ワード:",
-                               "TTS 削除する文字がありません", "ENDED"}));
-  EXPECT_EQ(Transcript().find("いぬ"), std::string::npos);
-}
 
 TEST_F(UserFeedbackRunTest, ListsAndArticlesBeepAtTheirEndsAndTellThePosition) {
   ASSERT_EQ(Run("24\nKEY_POSITION\n"                        // the first of one dictionary
