@@ -1,13 +1,13 @@
-// lookup_bench BOOK WORDS WORKFILE [COUNT]: lookups the way the application
+// lookup_bench BOOK WORDS WORKFILE [COUNT [FILE_ROUNDS]]: lookups the way the application
 // makes them: engine_output of a word of WORDS (Shift-JIS, one a line, taken
 // in turn) into WORKFILE, which is deleted before and read back after each
 // run. Prints "name value unit" lines: lookups per second, median and 99th
 // percentile latency, user and system time per lookup, and their sum as the
 // lookups one core would make per second: on a shared machine the wall
 // clock counts other programs' time too, the process's own time does not.
-// Then the same rounds of the work file alone (deleted, written with as
-// many bytes as a lookup wrote on average, read back): the part of that
-// CPU time which the engine does not spend.
+// Then FILE_ROUNDS (by default COUNT) rounds of the work file alone
+// (deleted, written with as many bytes as a lookup wrote on average, read
+// back): the part of that CPU time which the engine does not spend.
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -42,10 +42,11 @@ double micros_between(const timeval& from, const timeval& to) {
 
 int main(int argc, char** argv) {
   if (argc < 4) {
-    fputs("usage: lookup_bench BOOK WORDS WORKFILE [COUNT]\n", stderr);
+    fputs("usage: lookup_bench BOOK WORDS WORKFILE [COUNT [FILE_ROUNDS]]\n", stderr);
     return 2;
   }
   const int count = argc > 4 ? atoi(argv[4]) : 10000;
+  const int file_rounds = argc > 5 ? atoi(argv[5]) : count;
   std::vector<std::string> words;
   std::ifstream list(argv[2], std::ios::binary);
   for (std::string word; std::getline(list, word);) {
@@ -85,10 +86,11 @@ int main(int argc, char** argv) {
   fprintf(stderr, "inprocess_cpu_lookups_per_s %.0f lookups/s\n", 1e6 / (user + system));
   fprintf(stderr, "inprocess_bytes_read %zu bytes\n", bytes);
 
+  if (file_rounds < 1) return 0;
   const std::string text(bytes / static_cast<size_t>(count), 'x');
   rusage before_files;
   getrusage(RUSAGE_SELF, &before_files);
-  for (int i = 0; i < count; ++i) {
+  for (int i = 0; i < file_rounds; ++i) {
     remove(argv[3]);
     if (FILE* work = fopen(argv[3], "a")) {
       fwrite(text.data(), 1, text.size(), work);
@@ -99,7 +101,7 @@ int main(int argc, char** argv) {
   rusage after_files;
   getrusage(RUSAGE_SELF, &after_files);
   const double files = (micros_between(before_files.ru_utime, after_files.ru_utime) +
-                        micros_between(before_files.ru_stime, after_files.ru_stime)) / count;
+                        micros_between(before_files.ru_stime, after_files.ru_stime)) / file_rounds;
   fprintf(stderr, "inprocess_work_file_cpu_time_per_lookup %.1f us\n", files);
   fprintf(stderr, "inprocess_engine_cpu_time_per_lookup %.1f us\n", user + system - files);
   return 0;

@@ -89,7 +89,7 @@ grep_us=$(median < "$work/grep.us")
 # lookups, so that the program's own start is left out.
 "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" 10000 2> "$work/inprocess.txt"
 syscalls() {
-  strace -c -o "$work/strace.txt" "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" "$1" 2>/dev/null
+  strace -c -o "$work/strace.txt" "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" "$1" 0 2>/dev/null
   awk '$NF == "total" { print $4 }' "$work/strace.txt"
 }
 calls_1=$(syscalls 1)
