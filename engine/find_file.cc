@@ -96,7 +96,9 @@ bool exists(const char* path) {
 }
 
 FILE* open_regular(const char* path, FileStamp* stamp) {
-  FILE* file = fopen(path, "rb");
+  // Close-on-exec: a book file kept open between runs is no business of a
+  // program the caller starts.
+  FILE* file = fopen(path, "rbe");
   if (!file) return nullptr;
   struct stat status;
   if (fstat(fileno(file), &status) != 0 || S_ISDIR(status.st_mode)) {
