@@ -15,6 +15,9 @@ void engine_main(int argc, char** argv);
 // Lists the titles of the catalog under `drive` into `buffer` ("title\n"
 // each). Returns the bytes the whole list needs with its final NUL; a list
 // that does not fit leaves the buffer all zeros. 1 means no title.
+// This call and the next leave no book file open behind them, so that a
+// caller who only lists catalogs and looks at books keeps no card busy
+// (engine_output keeps its book's files open for the next lookup).
 int32_t engine_catalog(const char* drive, char* buffer, int32_t size);
 
 // 1 when book `book` under `drive` lists a forward-search index, else 0.

@@ -12,6 +12,7 @@
 #include "command/engine.h"
 #include "command/run.h"
 #include "engine/engine_state.h"
+#include "engine/file_access.h"
 
 namespace {
 
@@ -48,6 +49,7 @@ int32_t engine_catalog(const char* drive, char* buffer, int32_t size) {
 
   engine.capture = {buffer, size, 0};
   engine_main(3, argv);
+  cdclose_parked();
   int32_t result = engine.capture.used + 1;
   // A list that doesn't fit is never left in part.
   if (result > size && has_room) memset(buffer, 0, size);
@@ -64,6 +66,7 @@ int32_t engine_has_forward_index(const char* drive, int32_t book) {
   char list_arg[] = "-V";
   char* argv[] = {program, drive_arg, book_arg, list_arg, nullptr};
   engine_main(4, argv);
+  cdclose_parked();
   return engine.forward_index_seen;
 }
 

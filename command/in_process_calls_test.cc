@@ -3,6 +3,8 @@
 // (The capture's size rules are tested with the catalogs.)
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -12,6 +14,9 @@
 #include "engine/engine_state.h"
 #include "testing/engine_runner.h"
 #include "testing/temp_tree.h"
+#include "testing/utf8_literal.h"
+#include "testing/word_book.h"
+#include "tools/jis_text.h"
 
 namespace {
 
@@ -63,6 +68,41 @@ TEST_F(InProcessCalls, OutputAppendsToTheFileAndClosesIt) {
   run = capture_engine([&] { engine_output(dir.c_str(), 0, "/no/such/dir/work.dat", "-A"); });
   EXPECT_EQ(run.err, "/no/such/dir/work.dat: No error\n");
   EXPECT_EQ(run.out.rfind("-D/CDDRIVE = ", 0), 0u);
+}
+
+// engine_output keeps the book's files open for the next lookup, which
+// gives the same text; listing the catalog and looking at the indexes
+// leave none open.
+TEST_F(InProcessCalls, OnlyLookupsKeepBookFilesOpen) {
+  const std::filesystem::path book = fresh_directory("kept_open");
+  BodyText body, heads;
+  body.text(u8"あ").code(0x1F0A).text(u8"本文").code(0x1F0A).code(0x1F03);
+  heads.text(u8"あ").code(0x1F0A);
+  write_word_book(book, body, heads, {{0, utf8_to_jis(utf8(u8"あ")), 0, 0, 0}});
+  usleep(1100 * 1000);  // files changed within the last second are never kept
+  const auto open_files = [] {
+    int count = 0;
+    for (const BookFileSlot& slot : engine.book_files) count += slot.file != nullptr;
+    return count;
+  };
+  const std::string work = (book / "work.dat").string();
+  const auto lookup = [&] {
+    std::filesystem::remove(work);
+    capture_engine([&] { engine_output(book.c_str(), 0, work.c_str(), "あ"); });
+    return ReadWholeFile(work);
+  };
+  const std::string first = lookup();
+  EXPECT_NE(first.find("本文"), std::string::npos);
+  EXPECT_EQ(open_files(), 2);  // the catalog and the text
+  EXPECT_EQ(lookup(), first);
+  EXPECT_EQ(open_files(), 2);
+
+  char titles[64];
+  capture_engine([&] { engine_catalog(book.c_str(), titles, sizeof titles); });
+  EXPECT_EQ(open_files(), 0);
+  EXPECT_EQ(lookup(), first);
+  capture_engine([&] { EXPECT_EQ(engine_has_forward_index(book.c_str(), 0), 1); });
+  EXPECT_EQ(open_files(), 0);
 }
 
 }  // namespace

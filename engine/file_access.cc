@@ -341,6 +341,12 @@ void cdclose() {
   engine.reader = BookReader{};
 }
 
+void cdclose_parked() {
+  for (BookFileSlot& slot : engine.book_files) {
+    if (slot.parked) close_parked(slot);
+  }
+}
+
 int32_t position_from_file() {
   FILE* file = engine.current_file;
   if (!file) {

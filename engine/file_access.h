@@ -29,6 +29,9 @@ void cdforget(FILE* file);
 // Closes whatever book files are open; current_file becomes null. A book
 // file with a stamp stays open, parked for the next cdopen of its path.
 void cdclose();
+// Closes for good the book files cdclose parked (their blocks wait for the
+// next open of the same unchanged file), so that no book file stays open.
+void cdclose_parked();
 // The next `size` bytes of current_file when the block read last holds them
 // all, the reader then standing behind them; else null. The path of nearly
 // every read, inlined where text is decoded.
