@@ -2,9 +2,10 @@
 # `make bench`: lookup speed of the EDICT book against true(1) (the cost of
 # starting any process), look(1) and grep -F, measured side by side in one
 # run, by the wall clock and by CPU time; in-process lookups as the
-# application makes them, with their user and system time and system
-# calls; peak memory of one lookup, the time mkbook takes to build the
-# book, and starts and closes over the settings file (settings_bench).
+# application makes them (the work file in the build folder, then on a
+# tmpfs), with their user and system time and system calls; peak memory
+# of one lookup, the time mkbook takes to build the book, and starts and
+# closes over the settings file (settings_bench).
 # Prints a table, then one "name value unit" line per figure.
 set -e
 build=${1:-build}
@@ -88,6 +89,16 @@ grep_us=$(median < "$work/grep.us")
 # system calls of one lookup, as the difference between runs of 1 and 1001
 # lookups, so that the program's own start is left out.
 "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" 10000 2> "$work/inprocess.txt"
+# The same with the work file on a tmpfs, where a logged-in user's
+# $XDG_RUNTIME_DIR (the reader's place for it) lies: the figures get the
+# prefix inprocess_tmpfs_.
+: > "$work/inprocess_tmpfs.txt"
+if [ -d /dev/shm ] && [ -w /dev/shm ]; then
+  shm_work=$(mktemp /dev/shm/epwingwork.XXXXXX)
+  "$bin/lookup_bench" "$book" "$work/words.sjis" "$shm_work" 10000 2>&1 >/dev/null |
+    sed -n 's/^inprocess_/inprocess_tmpfs_/p' > "$work/inprocess_tmpfs.txt"
+  rm -f "$shm_work"
+fi
 syscalls() {
   strace -c -o "$work/strace.txt" "$bin/lookup_bench" "$book" "$work/words.sjis" "$work/epwingwork.dat" "$1" 0 2>/dev/null
   awk '$NF == "total" { print $4 }' "$work/strace.txt"
@@ -122,6 +133,7 @@ figures=$(
     printf "edict_build_entries_per_s %.0f entries/s\n", e / (b / 1e6)
   }'
   grep -v bytes_read "$work/inprocess.txt"
+  grep -v bytes_read "$work/inprocess_tmpfs.txt" || true
   cat "$work/settings.txt"
 )
 echo
