@@ -23,13 +23,12 @@
 
 namespace {
 
-// Reads the work file back as the application does: unbuffered, by
-// ReadToEnd. Gives the bytes read.
+// Reads the work file back as the application does, by ReadRegularFile.
+// Gives the bytes read.
 size_t read_back(const char* path) {
   FILE* work = fopen(path, "r");
   if (!work) return 0;
-  setvbuf(work, nullptr, _IONBF, 0);
-  const size_t bytes = ReadToEnd(work).size();
+  const size_t bytes = ReadRegularFile(work).size();
   fclose(work);
   return bytes;
 }

@@ -37,4 +37,17 @@ TEST(ReadToEnd, StopsSoonAfterTheLimit) {
   std::fclose(file);
 }
 
+// The same bytes as ReadToEnd, at every size about the block: a read that
+// fills the block exactly must not pass for the end.
+TEST(ReadRegularFile, ReadsEveryByteOfTheFile) {
+  for (size_t size : {size_t{0}, size_t{1}, size_t{16383}, size_t{16384}, size_t{32768}, size_t{40000}}) {
+    FILE* file = StreamOf(size);
+    const std::string bytes = ReadRegularFile(file);
+    std::rewind(file);
+    EXPECT_EQ(bytes, ReadToEnd(file)) << size;
+    EXPECT_EQ(bytes.size(), size);
+    std::fclose(file);
+  }
+}
+
 }  // namespace
