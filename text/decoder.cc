@@ -62,8 +62,13 @@ void cdtext(int32_t limit) {
     record.unit_position = cdtell();
     if (engine.flags & DF_ENGLISH) {
       english_unit(&record);
+    } else if (const int32_t word = cdgetword(); word != 0 && (word >> 8) != 0x1F) {
+      // A character (no control code, not the end of data), the bulk of
+      // every record: out as dispatch_word puts it, without the calls.
+      text_append_char(&record, word);
+      emit(&record);
     } else {
-      dispatch_word(&record, cdgetword());
+      dispatch_word(&record, word);
     }
   }
 }

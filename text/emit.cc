@@ -30,24 +30,7 @@ void text_append(TextRecord* record, const char* format, ...) {
   record->length += wanted < room ? wanted : room - 1;
 }
 
-void text_append_char(TextRecord* record, int32_t code) {
-  record->length += static_cast<int>(
-      cdputchar(code, record->text + record->length, kEmitSize - record->length));
-}
-
-namespace {
-
-// The unit's text as it stands, at the end of the line.
-[[gnu::always_inline]] inline void write_unit(TextRecord* record, FILE* output) {
-  // A unit is a character or two as a rule: byte by byte into the stream's
-  // buffer costs less than a call that looks for the text's end.
-  for (int i = 0; i < record->length; ++i) putc_unlocked(record->text[i], output);
-  record->column += record->length;
-}
-
-// emit where the line wraps, the margin is still to write or the text is
-// coloured.
-[[gnu::noinline]] void emit_laid_out(TextRecord* record) {
+void emit_laid_out(TextRecord* record) {
   FILE* output = engine.output;
   bool colour = (engine.flags & DF_COLOUR) != 0;
   if (engine.width > 0 && record->length + record->column >= engine.width) {
@@ -60,17 +43,8 @@ namespace {
     record->column = record->margin;
   }
   if (colour) cdattr(engine.text_attribute);
-  write_unit(record, output);
-}
-
-}  // namespace
-
-void emit(TextRecord* record) {
-  if (engine.width > 0 || record->column < record->margin || (engine.flags & DF_COLOUR)) {
-    emit_laid_out(record);
-  } else {
-    write_unit(record, engine.output);
-  }
+  fwrite(record->text, 1, static_cast<size_t>(record->length), output);
+  record->column += record->length;
 }
 
 void write_direct(const char* text) { fputs(text, engine.output); }

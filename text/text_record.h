@@ -5,6 +5,10 @@
 #define TEXT_TEXT_RECORD_H_
 
 #include <cstdint>
+#include <cstdio>
+
+#include "engine/engine_state.h"
+#include "text/decoder.h"
 
 // Bytes of the text of one emit, its NUL included.
 constexpr int kEmitSize = 512;
@@ -25,12 +29,28 @@ void text_clear(TextRecord* record);
 void text_append(TextRecord* record, const char* format, ...)
     __attribute__((format(printf, 2, 3)));
 // Appends the cdputchar text of `code`.
-void text_append_char(TextRecord* record, int32_t code);
+inline void text_append_char(TextRecord* record, int32_t code) {
+  record->length += static_cast<int>(
+      cdputchar(code, record->text + record->length, kEmitSize - record->length));
+}
 
 // --- output (emit.cc)
+// emit where the line wraps, the margin is still to write or the text is
+// coloured.
+void emit_laid_out(TextRecord* record);
 // Writes the unit's text: wraps at width, puts the margin in front of the
-// first text of a line, colours it. Also runs on an empty text.
-void emit(TextRecord* record);
+// first text of a line, colours it. Also runs on an empty text. Inline, as
+// every character of a record comes here.
+inline void emit(TextRecord* record) {
+  if (engine.width > 0 || record->column < record->margin || (engine.flags & DF_COLOUR)) {
+    emit_laid_out(record);
+    return;
+  }
+  // A unit is a character or two as a rule: byte by byte into the stream's
+  // buffer costs less than a call that looks for the text's end.
+  for (int i = 0; i < record->length; ++i) putc_unlocked(record->text[i], engine.output);
+  record->column += record->length;
+}
 // Writes `text` as it stands, outside wrapping and margins.
 void write_direct(const char* text);
 // Ends the record: colour off, then the marker with the position where
