@@ -6,6 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "engine/catalog.h"
+#include "engine/engine_state.h"
+
 // Decodes one record from the current position of the book to output.
 // limit 0: one whole record; 1: one line; n: n lines; negative: as 0 with
 // that much of the line allowance gone.
@@ -17,9 +20,55 @@ int32_t cdbcdpos();
 // character (half width in a TA_HALF run), an external character's defined
 // text, or "[%04X]". Code 0 writes nothing, not even the NUL. Gives the
 // bytes written before the NUL.
-size_t cdputchar(int32_t code, char* place, size_t room);
+inline size_t cdputchar(int32_t code, char* place, size_t room);
 // Writes the terminal colour sequence of the attribute bits (TA_*) to output
 // when they differ from the ones last written.
 void cdattr(uint32_t attribute);
+
+// --- cdputchar's parts (putchar.cc), inline below: every character of a
+// record comes through it.
+constexpr int32_t kFirstJis = 0x2121;
+constexpr int32_t kLastJis = 0x7E7E;
+// Row 0x21 (symbols) and row 0x23 (digits, letters) hold every full-width
+// form of an ASCII character.
+constexpr int32_t kHalfwidthAsciiRows = 3;
+struct HalfwidthAscii {
+  uint8_t ascii[kHalfwidthAsciiRows][256];  // by row - 0x21 and column; 0 for none
+};
+// ascii_to_jis turned round, for every character of a half-width run.
+extern const HalfwidthAscii halfwidth_ascii;
+// The ASCII character whose full-width form is `code`, or 0.
+inline uint32_t halfwidth_ascii_of(int32_t code) {
+  const int32_t row = (code >> 8) - 0x21;
+  if (row < 0 || row >= kHalfwidthAsciiRows) return 0;
+  return halfwidth_ascii.ascii[row][code & 0xFF];
+}
+// cdputchar in every case.
+size_t any_putchar(int32_t code, char* place, size_t room);
+
+inline size_t cdputchar(int32_t code, char* place, size_t room) {
+  // The paths of nearly every character: a JIS X 0208 code (both bytes
+  // 0x21 to 0x7E) with room for two bytes and the NUL, in full width (its
+  // Shift-JIS form, two bytes, neither of them 0) or the half-width form of
+  // an ASCII character.
+  const bool column_in_set = static_cast<uint32_t>((code & 0xFF) - 0x21) < 0x5E;
+  if (code >= kFirstJis && code <= kLastJis && column_in_set && room > 2) {
+    if (!(engine.text_attribute & TA_HALF)) {
+      const int32_t bytes = jis_to_sjis(code);
+      place[0] = static_cast<char>(bytes >> 8);
+      place[1] = static_cast<char>(bytes);
+      place[2] = '\0';
+      return 2;
+    }
+    if (!(engine.flags & DF_VERBOSE)) {
+      if (const uint32_t ascii = halfwidth_ascii_of(code)) {
+        place[0] = static_cast<char>(ascii);
+        place[1] = '\0';
+        return 1;
+      }
+    }
+  }
+  return any_putchar(code, place, room);
+}
 
 #endif  // TEXT_DECODER_H_

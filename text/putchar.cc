@@ -14,34 +14,18 @@
 #include "text/gaiji.h"
 #include "text/halfwidth_tables.h"
 
+// Downwards, so that the lowest character wins where two share a form.
+const HalfwidthAscii halfwidth_ascii = [] {
+  HalfwidthAscii table{};
+  for (int c = 0x7E; c >= 0x20; --c) {
+    const int32_t full = static_cast<int32_t>(ascii_to_jis[c] & 0x7FFF);
+    const int32_t row = (full >> 8) - 0x21;
+    if (row >= 0 && row < kHalfwidthAsciiRows) table.ascii[row][full & 0xFF] = static_cast<uint8_t>(c);
+  }
+  return table;
+}();
+
 namespace {
-
-constexpr int32_t kFirstJis = 0x2121;
-constexpr int32_t kLastJis = 0x7E7E;
-
-// Row 0x21 (symbols) and row 0x23 (digits, letters) hold every full-width
-// form of an ASCII character.
-constexpr int32_t kAsciiRows = 3;
-
-// The ASCII character whose full-width form is `code`, or 0. Every
-// character of a half-width run asks, so ascii_to_jis is turned round once.
-[[gnu::always_inline]] inline uint32_t ascii_of(int32_t code) {
-  static const auto by_code = [] {
-    struct {
-      uint8_t ascii[kAsciiRows][256];  // by row - 0x21 and column; 0 for none
-    } table{};
-    // Downwards, so that the lowest character wins where two share a form.
-    for (int c = 0x7E; c >= 0x20; --c) {
-      const int32_t full = static_cast<int32_t>(ascii_to_jis[c] & 0x7FFF);
-      const int32_t row = (full >> 8) - 0x21;
-      if (row >= 0 && row < kAsciiRows) table.ascii[row][full & 0xFF] = static_cast<uint8_t>(c);
-    }
-    return table;
-  }();
-  const int32_t row = (code >> 8) - 0x21;
-  if (row < 0 || row >= kAsciiRows) return 0;
-  return by_code.ascii[row][code & 0xFF];
-}
 
 bool is_kana(int32_t code) {
   int32_t row = code >> 8;
@@ -52,7 +36,7 @@ bool is_kana(int32_t code) {
 // The bytes of `code` in a half-width run: `full` (its Shift-JIS code)
 // unless a half-width form exists.
 uint32_t halfwidth_form(int32_t code, uint32_t full) {
-  if (uint32_t ascii = ascii_of(code)) return ascii;
+  if (uint32_t ascii = halfwidth_ascii_of(code)) return ascii;
   if (engine.flags & DF_KEEP_FULL_KANA) return full;
   if (is_kana(code)) return halfwidth_kana[(code & 0xFF) - 0x21];
   if (uint32_t mark = halfwidth_punctuation(code)) return mark;
@@ -70,10 +54,8 @@ size_t copy_cut(char* place, const char* text, size_t length, size_t room) {
 
 }  // namespace
 
-namespace {
-
 // cdputchar in every case.
-[[gnu::noinline]] size_t any_putchar(int32_t code, char* place, size_t room) {
+size_t any_putchar(int32_t code, char* place, size_t room) {
   if (code == 0 || room == 0) return 0;
   if (code < kFirstJis || code > kLastJis) {
     if (const char* defined = cdgaijifind(code)) return copy_cut(place, defined, strlen(defined), room);
@@ -92,31 +74,4 @@ namespace {
   if (low != '\0' && length + 1 < room) place[length++] = low;
   place[length] = '\0';
   return length;
-}
-
-}  // namespace
-
-size_t cdputchar(int32_t code, char* place, size_t room) {
-  // The paths of nearly every character: a JIS X 0208 code (both bytes
-  // 0x21 to 0x7E) with room for two bytes and the NUL, in full width (its
-  // Shift-JIS form, two bytes, neither of them 0) or the half-width form of
-  // an ASCII character.
-  const bool column_in_set = static_cast<uint32_t>((code & 0xFF) - 0x21) < 0x5E;
-  if (code >= kFirstJis && code <= kLastJis && column_in_set && room > 2) {
-    if (!(engine.text_attribute & TA_HALF)) {
-      const int32_t bytes = jis_to_sjis(code);
-      place[0] = static_cast<char>(bytes >> 8);
-      place[1] = static_cast<char>(bytes);
-      place[2] = '\0';
-      return 2;
-    }
-    if (!(engine.flags & DF_VERBOSE)) {
-      if (const uint32_t ascii = ascii_of(code)) {
-        place[0] = static_cast<char>(ascii);
-        place[1] = '\0';
-        return 1;
-      }
-    }
-  }
-  return any_putchar(code, place, room);
 }
