@@ -11,11 +11,6 @@
 #include "text/decoder.h"
 #include "text/text_record.h"
 
-void text_clear(TextRecord* record) {
-  record->length = 0;
-  record->text[0] = '\0';
-}
-
 void text_append(TextRecord* record, const char* format, ...) {
   int room = kEmitSize - record->length;
   va_list arguments;

@@ -25,7 +25,10 @@ struct TextRecord {
 };
 
 // --- the unit's text (emit.cc). Appends that would overrun are cut.
-void text_clear(TextRecord* record);
+inline void text_clear(TextRecord* record) {
+  record->length = 0;
+  record->text[0] = '\0';
+}
 void text_append(TextRecord* record, const char* format, ...)
     __attribute__((format(printf, 2, 3)));
 // Appends the cdputchar text of `code`.
