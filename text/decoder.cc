@@ -28,6 +28,41 @@ bool seen_before(int32_t position) {
   return false;
 }
 
+// True when emit writes a unit as it stands: no wrap, the margin written,
+// no colour.
+bool plain_layout(const TextRecord& record) {
+  return engine.width <= 0 && record.column >= record.margin && !(engine.flags & DF_COLOUR);
+}
+
+// Writes the characters from `word` on that cdputchar gives in its
+// common paths (a JIS X 0208 code, in full width or as the half-width
+// form of an ASCII character) straight out, as text_append_char and a
+// plain emit write them one unit at a time: the bulk of every record. No
+// code they pass changes the layout, the attributes or the flags. Gives
+// the first word that is no such character, read with unit_position set
+// as the unit loop sets it.
+int32_t plain_run(TextRecord* record, int32_t word) {
+  FILE* output = engine.output;
+  const bool half = (engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE);
+  for (;;) {
+    const bool column_in_set = static_cast<uint32_t>((word & 0xFF) - 0x21) < 0x5E;
+    if (word < kFirstJis || word > kLastJis || !column_in_set) return word;
+    if (half) {
+      const uint32_t ascii = halfwidth_ascii_of(word);
+      if (ascii == 0) return word;
+      putc_unlocked(static_cast<int>(ascii), output);
+      record->column += 1;
+    } else {
+      const int32_t bytes = jis_to_sjis(word);
+      putc_unlocked((bytes >> 8) & 0xFF, output);
+      putc_unlocked(bytes & 0xFF, output);
+      record->column += 2;
+    }
+    record->unit_position = cdtell();
+    word = cdgetword();
+  }
+}
+
 }  // namespace
 
 bool read_failed() {
@@ -62,9 +97,13 @@ void cdtext(int32_t limit) {
     record.unit_position = cdtell();
     if (engine.flags & DF_ENGLISH) {
       english_unit(&record);
-    } else if (const int32_t word = cdgetword(); word != 0 && (word >> 8) != 0x1F) {
-      // A character (no control code, not the end of data), the bulk of
-      // every record: out as dispatch_word puts it, without the calls.
+      continue;
+    }
+    int32_t word = cdgetword();
+    if (plain_layout(record)) word = plain_run(&record, word);
+    if (word != 0 && (word >> 8) != 0x1F) {
+      // A character (no control code, not the end of data): out as
+      // dispatch_word puts it, without the calls.
       text_append_char(&record, word);
       emit(&record);
     } else {
