@@ -320,18 +320,26 @@ int32_t read_index_position() {
 int cdkeycmp(int n, const char* key) {
   // One key is at most 255 bytes: its length is one byte.
   char index_key[512];
-  // In one read as far as the file holds it; from where it ends short (the
-  // end of a file) byte by byte, which carries on into the next file
-  // or reports as any read does.
-  const int got = static_cast<int>(cdread(index_key, static_cast<size_t>(n)));
-  for (int i = got; i < n; ++i) index_key[i] = static_cast<char>(cdgetbyte());
-  index_key[n] = '\0';
-  if ((engine.flags & DF_INDEX_HIRAGANA) && !(engine.flags & DF_ENGLISH)) {
-    for (int i = 0; i < n; i += 2)
-      if (index_key[i] == 0x25) index_key[i] = 0x24;
+  const char* compared = index_key;
+  const bool fold_katakana = (engine.flags & DF_INDEX_HIRAGANA) && !(engine.flags & DF_ENGLISH);
+  // Compared where it lies in the block read, when that holds all of it
+  // and nothing in it changes: the walk compares keys by the dozen.
+  if (const unsigned char* kept = fold_katakana ? nullptr : kept_bytes(static_cast<size_t>(n))) {
+    compared = reinterpret_cast<const char*>(kept);
+  } else {
+    // In one read as far as the file holds it; from where it ends short
+    // (the end of a file) byte by byte, which carries on into the next
+    // file or reports as any read does.
+    const int got = static_cast<int>(cdread(index_key, static_cast<size_t>(n)));
+    for (int i = got; i < n; ++i) index_key[i] = static_cast<char>(cdgetbyte());
+    index_key[n] = '\0';
+    if (fold_katakana) {
+      for (int i = 0; i < n; i += 2)
+        if (index_key[i] == 0x25) index_key[i] = 0x24;
+    }
   }
   int m = static_cast<int>(strlen(key));
-  int s = strncmp(key, index_key, static_cast<size_t>(m < n ? m : n));
+  int s = strncmp(key, compared, static_cast<size_t>(m < n ? m : n));
   int sign = (s > 0) - (s < 0);
   if (sign != 0) return 2 * sign;
   if (m < n) return -1;
