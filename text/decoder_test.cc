@@ -44,6 +44,25 @@ TEST_F(Decoder, HalfWidthRuns) {
   EXPECT_EQ(decode_body(tokens).out, "[1F14][A121]" + marker(6));
 }
 
+// Long runs of characters, full width and then half width, each across
+// the end of a block of the file (the body starts 2048 bytes in).
+TEST_F(Decoder, RunsAcrossBlockEnds) {
+  BodyText body;
+  std::string expected;
+  for (int i = 0; i < 1100; ++i) {
+    body.text(u8"亜");
+    expected += "亜";
+  }
+  body.code(0x1F04);
+  for (int i = 0; i < 1100; ++i) {
+    body.text(u8"Ab");
+    expected += "Ab";
+  }
+  body.text(u8"ア").code(0x1F05).text(u8"b").code(0x1F03);
+  expected += "ｱｂ";
+  EXPECT_EQ(decode_body(body).out, expected + marker(body.size()));
+}
+
 TEST_F(Decoder, WidthWrapsBetweenWords) {
   engine.flags = DF_ENGLISH;
   engine.width = 10;
