@@ -39,24 +39,21 @@ void PresentALookup(ConsoleLines& lines) {
   for (TranscriptWriter* writer : lines.writers()) writer->Beep(32);
   lines.presenter().ShowBraille(u"一行目\n二行目");
   lines.presenter().Speak(u"", false);
+  // An article read after its head line: what it adds comes out.
+  lines.presenter().ShowBraille(u"はな【花】");
+  lines.presenter().Speak(u"はな【花】 (n) flower\nbloom 文末", false);
   for (TranscriptWriter* writer : lines.writers()) writer->Ended();
 }
+
+// What the terminal shows of it: each presentation once, a beep as the bell.
+const char kLookupAtTheTerminal[] =
+    "はな【花】\n終了\n読み取り専用\n\a一行目 二行目\nはな【花】\n(n) flower bloom 文末\n";
 
 TEST(ConsoleLinesTest, AtTheKeyboardEachPresentationComesOutOnce) {
   MemoryStream console;
   ConsoleLines lines(console.get(), console.get(), ConsoleOptions{}, true);
   PresentALookup(lines);
-  EXPECT_EQ(console.Text(), "はな【花】\n終了\n読み取り専用\n\a一行目 二行目\n");
-}
-
-TEST(ConsoleLinesTest, AnArticleReadAfterItsHeadLineShowsWhatItAdds) {
-  MemoryStream console;
-  ConsoleLines lines(console.get(), console.get(), ConsoleOptions{}, true);
-  lines.presenter().ShowBraille(u"検索ワード:");
-  lines.presenter().Speak(u"検索ワード:空欄", false);
-  lines.presenter().ShowBraille(u"検索結果:はな【花】");
-  lines.presenter().Speak(u"検索結果:はな【花】 (n) flower\nbloom 文末", false);
-  EXPECT_EQ(console.Text(), "検索ワード:\n検索結果:はな【花】\n(n) flower bloom 文末\n");
+  EXPECT_EQ(console.Text(), kLookupAtTheTerminal);
 }
 
 TEST(ConsoleLinesTest, DotsShowTheBrailleCells) {
@@ -83,10 +80,11 @@ TEST(ConsoleLinesTest, ATranscriptFileGetsTheTranscriptBesideTheTerminal) {
   MemoryStream console, file;
   ConsoleLines lines(console.get(), file.get(), ConsoleOptions{}, true);
   PresentALookup(lines);
-  EXPECT_EQ(console.Text(), "はな【花】\n終了\n読み取り専用\n\a一行目 二行目\n");
+  EXPECT_EQ(console.Text(), kLookupAtTheTerminal);
   EXPECT_EQ(file.Text(),
             "STARTED\nBRL はな【花】\nTTS はな【花】\nBRL 終了\nTTS 終了 ボタン\n"
-            "TTS 読み取り専用\nBEEP 32\nBRL 一行目\\n二行目\nTTS \nENDED\n");
+            "TTS 読み取り専用\nBEEP 32\nBRL 一行目\\n二行目\nTTS \nBRL はな【花】\n"
+            "TTS はな【花】 (n) flower\\nbloom 文末\nENDED\n");
 
   // With a key script and a file, the terminal stays quiet unless --show
   // asks for it.
