@@ -29,7 +29,7 @@ class Books {
   // One title for each book of the catalog of `folder` (a device name), in
   // catalog order, so that an index is the book's number; a title may be
   // empty. False, with `titles` empty, when the folder has no readable
-  // catalog or a catalog without titles.
+  // catalog.
   virtual bool CatalogTitles(const CString& folder, std::vector<CString>& titles) = 0;
 
   // Whether book `book` of the catalog of `folder` has a forward-search

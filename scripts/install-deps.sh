@@ -5,7 +5,8 @@ set -e
 missing=""
 # man-db and groff-base: the install test renders the man pages with man -l.
 # python3: the layering test (scripts/folder_graph.py).
-# MeCab and its dictionary give texts their readings; espeak-ng speaks them.
+# MeCab and its dictionary give texts their readings; the reader speaks through
+# the espeak-ng library, and make bench's reading figures run the espeak-ng program.
 # freepwing (fpwmake) makes the tests' books of another writer.
 # edict: the word list that the lookup guard test and `make bench` build a book of.
 # Speech and Braille: the client libraries the reader links, and the servers
