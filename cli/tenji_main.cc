@@ -2,6 +2,7 @@
 // Braille cells for each text, or its katakana reading with --reading. The
 // reader's own translation (reading/reading.h), as a command for trying it
 // and for preparing text.
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <iostream>
@@ -80,6 +81,9 @@ int main(int argc, char** argv) {
     for (long number = 1; std::getline(std::cin, line); ++number)
       allValid &= Translate(line, reading, "line " + std::to_string(number));
   }
-  std::fflush(stdout);
+  if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
+    std::fprintf(stderr, "tenji: cannot write the output: %s\n", std::strerror(errno));
+    return 1;
+  }
   return allValid ? 0 : 1;
 }

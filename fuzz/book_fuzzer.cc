@@ -102,6 +102,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   write_tree(root, input);
 
   const std::string drive = root.string();
+  // The book's own size, before the lookup's output joins it in the tree.
+  const uint64_t book_bytes = tree_bytes(root);
   const std::string out = (root / "out.txt").string();
   const std::string keyword = keyword_of(input.keyword);
   const std::string position = std::to_string(input.position_page * 2048 + 1);
@@ -113,7 +115,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     engine_has_forward_index(drive.c_str(), 0);
     engine_output(drive.c_str(), 0, out.c_str(), keyword.c_str());
   });
-  const uint64_t book_bytes = tree_bytes(root);
   const std::string listings = (root / "listings.txt").string();
   const EngineRun listed = run_engine({"-D" + drive, "-O" + listings, "-B0", "-C", "-V", "-Q",
                                        "-Q0x90", "-T", "-#", "-X1", "-Q"});

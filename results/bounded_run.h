@@ -17,7 +17,7 @@ enum class RunEnd {
   kFinished,   // the work came to its end
   kTimedOut,   // stopped when its time was up
   kFileLimit,  // stopped when a file it wrote reached fileBytes
-  kFailed,     // the child ended otherwise (a crash)
+  kFailed,     // the child ended otherwise (a crash), or none could start
 };
 
 // Runs `work` in a child with standard input at /dev/null and `limits`,

@@ -13,8 +13,10 @@ int32_t LookupAsTyped(Books& books, const CString& path, int32_t bookNumber, con
     ResultItemArray formArticles, formCandidates;
     const int32_t formResult = books.Lookup(path, bookNumber, form, formArticles, formCandidates);
     // A folder gone between two lookups ends the tries; the word's own
-    // results stay.
+    // results stay. A form whose run was stopped with nothing found ends
+    // them too, and says so: the next forms would wait as long again.
     if (formResult < 0) break;
+    if (formResult != 0 && formArticles.empty()) return formResult;
     if (!formArticles.empty()) {
       articles = std::move(formArticles);
       candidates = std::move(formCandidates);

@@ -35,6 +35,17 @@ TEST(LookupAsTyped, FormsTriedInTurnUntilOneFindsArticles) {
   EXPECT_TRUE(articles.empty());
   EXPECT_EQ(candidates.size(), 1u);
 
+  // A form whose run was stopped with nothing found: the tries end there,
+  // and the stop is told; the word's own lists stay.
+  book.words[u"ha na"] = {{}, {}};
+  book.words[u"hana"] = {{}, {}, kLookupStopped};
+  books.SetCatalog(u"\\SD\\d", {book});
+  const int32_t tried = books.lookups;
+  EXPECT_EQ(LookupAsTyped(books, u"\\SD\\d", 0, u"ha na", articles, candidates, foundAs),
+            kLookupStopped);
+  EXPECT_EQ(books.lookups, tried + 2);
+  EXPECT_TRUE(foundAs.IsEmpty());
+
   // A folder that has gone: nothing tried after the word.
   books.RemoveFolder(u"\\SD\\d");
   const int32_t gone = books.lookups;

@@ -60,7 +60,7 @@ CString Character(uint32_t code) {
 DisplayInput Dots(uint32_t dots) {
   if (dots == kDot7) return Key(CK_BACKSPACE);
   if (dots == kDot8) return Key(CK_ENTER);
-  if ((dots & kSpace) == 0) return {DisplayInput::kDots, dots & 0x3F};
+  if ((dots & kSpace) == 0) return {DisplayInput::kDots, dots & 0xFF};
   switch (dots & ~kSpace) {
     case 0: return {DisplayInput::kDots, 0};
     case BRLAPI_DOT1: return Key(CK_PREV);

@@ -27,6 +27,7 @@ void CTaskManagerWnd::DeliverKey(uint32_t key) {
 
 void CTaskManagerWnd::DeliverReadAll() {
   lastAction_ = std::chrono::steady_clock::now();
+  kana_.Reset();
   PostMessage(appWnd_, WM_VEK_READ_ALL, 0, 0);
 }
 
@@ -48,7 +49,7 @@ void CTaskManagerWnd::DeliverCursor(uint32_t cell) {
 
 void CTaskManagerWnd::DeliverDots(uint8_t dots) {
   const std::u16string typed = kana_.Type(dots);
-  if (!typed.empty()) DeliverText(CString(typed));
+  if (!typed.empty()) SendText(CString(typed));
 }
 
 void CTaskManagerWnd::DeliverSetting(uint32_t setting, int32_t value) {
@@ -58,6 +59,11 @@ void CTaskManagerWnd::DeliverSetting(uint32_t setting, int32_t value) {
 void CTaskManagerWnd::DeliverMute(bool mute) { PostMessage(appWnd_, WM_VEK_MUTE, mute ? 1 : 0, 0); }
 
 void CTaskManagerWnd::DeliverText(const CString& text) {
+  kana_.Reset();
+  SendText(text);
+}
+
+void CTaskManagerWnd::SendText(const CString& text) {
   std::vector<uint32_t> record = MakeJpnData(text);
   tagCOPYDATASTRUCT data{JPNDATA_COPYDATA_ID, static_cast<uint32_t>(record.size() * 4),
                          record.data()};

@@ -41,7 +41,8 @@ class CTaskManagerWnd : public CWnd {
   void DeliverCursor(uint32_t cell);
   void DeliverSetting(uint32_t setting, int32_t value);
   void DeliverMute(bool mute);
-  // Sent at once: the record lives only for the call.
+  // Sent at once: the record lives only for the call. Text typed elsewhere
+  // drops a Braille sign that waits for its kana, as a key does.
   void DeliverText(const CString& text);
   // Read-all of the text in view begins (WM_VEK_READ_ALL, wParam 0).
   void DeliverReadAll();
@@ -56,7 +57,7 @@ class CTaskManagerWnd : public CWnd {
   static constexpr double kUnitsPerSecond = 8.0;
   // A cell typed on the Braille keyboard (bit 0 dot 1): the kana it
   // completes go as typed text. A key or cursor-routing key between drops
-  // a sign that waits for its kana.
+  // a sign that waits for its kana (so do typed text and read-all).
   void DeliverDots(uint8_t dots);
 
   // Answers the open folder chooser as a user would: types `folder`
@@ -67,6 +68,9 @@ class CTaskManagerWnd : public CWnd {
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  // Japanese text data to the application (WM_COPYDATA).
+  void SendText(const CString& text);
+
   std::vector<TranscriptWriter*> transcripts_;  // where STARTED, ENDED, BEEP go
   KanaKeyboard kana_;                            // the Braille keyboard's signs and numbers
   std::function<void(int32_t)> beepSound_;     // makes a beep heard, if set

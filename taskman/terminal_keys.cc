@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <iterator>
 
 #include "app/frame_ids.h"
 #include "controls/control_keys.h"
@@ -73,6 +74,10 @@ struct termios heldSaved{};
 struct termios heldRaw{};
 struct sigaction previousStop{};
 struct sigaction previousContinue{};
+// Signals that end the process (Ctrl-C, a closed terminal, kill), and what
+// they did before: they leave the terminal as it was, then end it as before.
+constexpr int kEndSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+struct sigaction previousEnd[4]{};
 // Deferred stops: a byte in the pipe (read end [0]) for each Ctrl-Z not
 // yet acted on; {-1, -1} while stops are not deferred.
 int stopPipe[2] = {-1, -1};
@@ -89,6 +94,13 @@ void OnStop(int) {
     kill(getpid(), SIGSTOP);
   }
   errno = savedErrno;
+}
+
+void OnEnd(int signal) {
+  tcsetattr(heldFd, TCSANOW, &heldSaved);
+  for (size_t i = 0; i < std::size(kEndSignals); ++i)
+    if (kEndSignals[i] == signal) sigaction(signal, &previousEnd[i], nullptr);
+  raise(signal);
 }
 
 // Also after a stop from elsewhere: the shell may have reset the mode.
@@ -133,6 +145,11 @@ TerminalKeys::TerminalKeys(int fd) : fd_(fd) {
   sigaction(SIGTSTP, &handler, &previousStop);
   handler.sa_handler = OnContinue;
   sigaction(SIGCONT, &handler, &previousContinue);
+  handler.sa_handler = OnEnd;
+  for (size_t i = 0; i < std::size(kEndSignals); ++i) {
+    sigaction(kEndSignals[i], nullptr, &previousEnd[i]);
+    if (previousEnd[i].sa_handler != SIG_IGN) sigaction(kEndSignals[i], &handler, nullptr);
+  }
   holdsSignals_ = true;
 }
 
@@ -140,6 +157,7 @@ TerminalKeys::~TerminalKeys() {
   if (holdsSignals_) {
     sigaction(SIGTSTP, &previousStop, nullptr);
     sigaction(SIGCONT, &previousContinue, nullptr);
+    for (size_t i = 0; i < std::size(kEndSignals); ++i) sigaction(kEndSignals[i], &previousEnd[i], nullptr);
     heldFd = -1;
     for (int& end : stopPipe) {
       if (end >= 0) close(end);

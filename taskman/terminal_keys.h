@@ -1,35 +1,16 @@
 // The keyboard of a terminal as the device's Braille keyboard: each key
 // press becomes one task manager action, a key code, typed text or a
 // reading message. The terminal is put in a mode without line editing or
-// echo for as long as a TerminalKeys object lives; signals such as Ctrl-C
-// keep working. Ctrl-Z gives the terminal back as it was before the
-// process stops, and `fg` takes it over again; a signal (a resize, the
+// echo for as long as a TerminalKeys object lives; Ctrl-C, a closed
+// terminal or kill still end the process, leaving the terminal's mode as it
+// was (nothing is saved, as at any kill). Ctrl-Z gives the terminal back
+// as it was before the process stops, and `fg` takes it over again; a signal (a resize, the
 // continuation) never ends the input. A reader that must do more before
 // it stops (give a Braille display back) defers the stops: Ctrl-Z is then
 // only noted, and its own wait stops the process (StopPending, StopHere).
 //
-// The map, with the names and meanings that --help and the spoken help
-// give, is taskman/keyboard_map.cc:
-//   Up / Down, PageUp / PageDown   24 / 48, 8192 / 16384  previous / next
-//   Tab / Shift-Tab                112 / 28   next / previous control
-//   Enter                          256        activate, choose
-//   Esc                            88         back
-//   Ctrl-Q or F10                  218        exit
-//   Ctrl-O or F2                   58         menu
-//   Ctrl-E                         41         the edit control's menu
-//   Ctrl-W                         106        close the edit control's menu
-//   Ctrl-Y                         234        yes
-//   Ctrl-V or F5                   16         next value of an option
-//   Left / Right                   1024 / 2048  cursor one character
-//   Home / End                     512 / 32768  start / end of the line
-//   Backspace / Delete             64 / 4096  delete before / at the cursor
-//   F1                             65536      help
-//   F3 or Ctrl-P                   131072     position
-//   F6 or Ctrl-R                   read-all (WM_VEK_READ_ALL)
-//   F7 or Ctrl-T                   stop reading where the speech got to
-//                                  (WM_VEK_READ_STOP)
-//   Ctrl-D                         leave at once, nothing saved
-//   anything printable (UTF-8)     typed text, as Japanese text data
+// The map of keys to actions, with the names and meanings that --help and
+// the spoken help give, is taskman/keyboard_map.cc.
 #ifndef TASKMAN_TERMINAL_KEYS_H_
 #define TASKMAN_TERMINAL_KEYS_H_
 

@@ -54,10 +54,11 @@ void ConsoleWriter::Show(const CString& text) {
     WriteLine(ToUtf8(CString(BrailleCells(text.Units()))));
     return;
   }
-  // One line for the screen reader: breaks and other controls read as blanks.
+  // One line for the screen reader: breaks and other controls (C0, DEL and
+  // C1, which a terminal would act on) read as blanks.
   std::u16string plain = text.Units();
   for (char16_t& ch : plain)
-    if (ch < 0x20) ch = u' ';
+    if (ch < 0x20 || (ch >= 0x7F && ch <= 0x9F)) ch = u' ';
   WriteLine(ToUtf8(CString(std::move(plain))));
 }
 

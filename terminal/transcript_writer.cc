@@ -17,7 +17,7 @@ std::string TranscriptText(const CString& text) {
       escaped += u"\\t";
     } else if (ch == u'\\') {
       escaped += u"\\\\";
-    } else if (ch < 0x20) {
+    } else if (ch < 0x20 || (ch >= 0x7F && ch <= 0x9F)) {  // C0, DEL, C1
       static const char16_t kHex[] = u"0123456789ABCDEF";
       escaped += u"\\x";
       escaped += kHex[ch >> 4];
