@@ -64,6 +64,8 @@ const char kUsage[] =
     "                      readall             read-all of the text in view\n"
     "                      readstop <n>        the reading stopped n characters on\n"
     "                      pause <ms>          wait that long (at most 10000 ms)\n"
+    "                      dots <cell>...      cells typed on the Braille keyboard,\n"
+    "                                          each as its dot numbers (136), 0 a blank\n"
     "                    The run ends when the reader closes (KEY_EXIT on the first\n"
     "                    screen saves the settings) or when the script ends, which\n"
     "                    saves nothing, as if the process were killed.\n"
