@@ -79,7 +79,7 @@ TEST_F(InProcessCalls, OnlyLookupsKeepBookFilesOpen) {
   body.text(u8"あ").code(0x1F0A).text(u8"本文").code(0x1F0A).code(0x1F03);
   heads.text(u8"あ").code(0x1F0A);
   write_word_book(book, body, heads, {{0, utf8_to_jis(utf8(u8"あ")), 0, 0, 0}});
-  usleep(1100 * 1000);  // files changed within the last second are never kept
+  wait_until_settled();  // files changed just now are never kept
   const auto open_files = [] {
     int count = 0;
     for (const BookFileSlot& slot : engine.book_files) count += slot.file != nullptr;

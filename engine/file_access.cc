@@ -33,9 +33,10 @@
 // same stamp. A parked file that no longer does is closed; so is the one
 // parked longest when its slot is wanted. Blocks of a file closed for good
 // wait, by their stamp, for its next open. Any write to the file moves its
-// change time, which cannot be set back, and a file put in its place has
-// another inode; a file changed within the last second gets no stamp, is
-// closed by cdclose, and its blocks go (engine/find_file.h).
+// change time (which only FAT lets a copy set back, as it keeps no change
+// time of its own: size and times must then all match), and a file put in
+// its place has another inode; a file changed within the last seconds gets
+// no stamp, is closed by cdclose, and its blocks go (engine/find_file.h).
 //
 // engine.reader stands for the stream's position and its end and error
 // flags, with the stream's rules: a read past the end sets the end flag and

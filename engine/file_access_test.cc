@@ -250,8 +250,8 @@ TEST_F(BookFiles, KeptPathsFollowTheDirectories) {
   const fs::path root = use_tree("Kept");
   const auto put = [&](const std::string& name, const char* bytes) { put_file(root, name, bytes); };
   put("DATA;1/honmon", "H");
-  // Directories changed within the last second are not kept.
-  usleep(1100 * 1000);
+  // Directories changed within kSettledNanos are not kept.
+  wait_until_settled();
   EXPECT_EQ(first_byte("data/honmon"), 'H');
   const auto kept = [] {
     int count = 0;
@@ -278,7 +278,7 @@ TEST_F(BookFiles, KeptPathsFollowTheDirectories) {
 TEST_F(BookFiles, KeptBlocksFollowTheFile) {
   const fs::path root = use_tree("Blocks");
   write_book_file(root, "honmon", std::string(100, 'a'));
-  usleep(1100 * 1000);  // files changed within the last second get no stamp
+  wait_until_settled();  // files changed within kSettledNanos get no stamp
   const auto byte_at = [](int32_t offset) {
     engine.current_file = cdopen("honmon");
     if (!engine.current_file) return -1;
@@ -335,7 +335,7 @@ TEST_F(BookFiles, ClosedBookFilesWaitForTheirPath) {
   const auto put = [&](const std::string& name, const char* bytes) { put_file(root, name, bytes); };
   put("DATA;1/honmon", "H");
   put("catalogs", "C");
-  usleep(1100 * 1000);  // files changed within the last second are not kept
+  wait_until_settled();  // files changed within kSettledNanos are not kept
   FILE* opened = nullptr;
   const auto byte_of = [&](const char* name) {
     engine.current_file = opened = cdopen(name);

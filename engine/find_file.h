@@ -16,8 +16,9 @@
 
 // A file or directory changed within this time may change again within the
 // same tick of the file system's clock and keep its times: it is not
-// trusted to be the same later.
-constexpr int64_t kSettledNanos = 1000000000;
+// trusted to be the same later. FAT, the cards' file system, keeps times
+// in two-second steps, and the kernel's file clock lags a little.
+constexpr int64_t kSettledNanos = 3000000000;
 
 // The stamp of what `status` describes; all zero when it changed within
 // kSettledNanos of now.

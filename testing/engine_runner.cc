@@ -1,9 +1,12 @@
 #include "testing/engine_runner.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
 #include "command/engine.h"
 #include "engine/engine_state.h"
+#include "engine/find_file.h"
 #include "platform/read_file.h"
 
 namespace {
@@ -64,3 +67,5 @@ size_t count_of(const std::string& text, const std::string& part) {
   for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
   return count;
 }
+
+void wait_until_settled() { usleep(static_cast<useconds_t>(kSettledNanos / 1000 + 100 * 1000)); }

@@ -45,4 +45,8 @@ EngineRun capture_engine(Body body) {
   return capture.finish();
 }
 
+// Waits until book files written just now have settled, so that a run may
+// keep them open and keep their blocks (engine/find_file.h).
+void wait_until_settled();
+
 #endif  // TESTING_ENGINE_RUNNER_H_
