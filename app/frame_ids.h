@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "controls/beep_request.h"
 #include "controls/control_keys.h"
 
 // Routing level: who gets a Braille key first.
@@ -63,7 +64,7 @@ constexpr uint32_t KEY_PREV_CTRL = 28;   // previous control of the screen
 constexpr uint32_t KEY_MENU = 58;        // opens the menu on screens 0 to 2
 constexpr uint32_t KEY_NEXT_CTRL = 112;  // next control of the screen
 
-// The code of every beep the screens ask for.
-constexpr int BEEP_CODE = 32;
+// The code of every beep the screens ask for: the controls' own.
+constexpr int BEEP_CODE = CONTROL_BEEP_CODE;
 
 #endif  // APP_FRAME_IDS_H_

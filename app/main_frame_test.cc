@@ -1,7 +1,7 @@
 #include <cstring>
 
 #include "app/frame_fixture_for_test.h"
-#include "app/notify_beep.h"
+#include "controls/beep_request.h"
 #include "controls/jpn_data.h"
 
 namespace {

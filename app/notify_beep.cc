@@ -1,7 +1,6 @@
-#include "app/notify_beep.h"
-
 #include "app/main_frame.h"
 #include "app/reader_app.h"
+#include "controls/beep_request.h"
 
 // Sent, so the caller waits until the task manager has handled it. The
 // task manager itself, should it run this frame, beeps to its own window.

@@ -21,7 +21,7 @@
 constexpr uintptr_t BEEP_COPYDATA_ID = 4;      // dwData of a beep request
 constexpr uint32_t BEEP_RECORD_SIZE = 16392;   // cbData of a beep request
 constexpr uint32_t BEEP_CODE_OFFSET = 16388;   // where the code stands
-constexpr int32_t CONTROL_BEEP_CODE = 32;      // the code of the controls' beeps, as the screens'
+constexpr int32_t CONTROL_BEEP_CODE = 32;      // the code of every beep, the controls' and the screens'
 
 // The record of a beep with `code`.
 std::vector<uint8_t> MakeBeepRecord(int32_t code);

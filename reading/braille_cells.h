@@ -6,8 +6,8 @@
 // contracted (⠈ ⠘ ⠨) and the special-sound signs (⠢ ⠲ ⠸); digits follow
 // the number sign ⠼, Latin letters the foreign-letter sign ⠰ (a capital
 // behind ⠠, a word of capitals behind ⠠⠠); a kana of the ア or ラ rows
-// right behind a number or a Latin word takes the joining sign ⠤ so that it
-// is not read as a digit or a letter. 。 is followed by two blanks and 、 ？ ！
+// right behind a number, and any kana right behind a Latin word, takes the
+// joining sign ⠤ so that it is not read as a digit or a letter. 。 is followed by two blanks and 、 ？ ！
 // by one when more text follows. A run of blanks is one blank cell; there is
 // no blank at either end. A character with no Braille form is the full cell
 // ⠿; Braille cells in the text are kept.

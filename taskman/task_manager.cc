@@ -1,6 +1,6 @@
 #include "taskman/task_manager.h"
 
-#include "app/notify_beep.h"
+#include "controls/beep_request.h"
 #include "app/reader_app.h"
 #include "controls/control_keys.h"
 #include "controls/jpn_data.h"
