@@ -32,20 +32,31 @@ void cdclose();
 // Closes for good the book files cdclose parked (their blocks wait for the
 // next open of the same unchanged file), so that no book file stays open.
 void cdclose_parked();
-// The next `size` bytes of current_file when the block read last holds them
-// all, the reader then standing behind them; else null. The path of nearly
-// every read, inlined where text is decoded.
-[[gnu::always_inline]] inline const unsigned char* kept_bytes(size_t size) {
-  BookReader& place = engine.reader;
+// The bytes of current_file from the position to the end of the block read
+// last, `*size` of them, the reader not moving; null when that block does not
+// hold the position. Text decoding runs over them without a call a word.
+[[gnu::always_inline]] inline const unsigned char* kept_rest(int64_t* size) {
+  const BookReader& place = engine.reader;
   const BookBlock* block = place.block;
   if (!block || !place.file || place.file != engine.current_file || block->file != place.file ||
       place.at_end) {
     return nullptr;
   }
   const int64_t inside = place.offset - block->start;
-  if (inside < 0 || inside + static_cast<int64_t>(size) > block->length) return nullptr;
-  place.offset += static_cast<int64_t>(size);
+  if (inside < 0 || inside > block->length) return nullptr;
+  *size = block->length - inside;
   return block->bytes + inside;
+}
+
+// The next `size` bytes of current_file when the block read last holds them
+// all, the reader then standing behind them; else null. The path of nearly
+// every read, inlined where text is decoded.
+[[gnu::always_inline]] inline const unsigned char* kept_bytes(size_t size) {
+  int64_t rest = 0;
+  const unsigned char* kept = kept_rest(&rest);
+  if (!kept || static_cast<int64_t>(size) > rest) return nullptr;
+  engine.reader.offset += static_cast<int64_t>(size);
+  return kept;
 }
 
 // The out-of-line parts of cdtell and cdgetword.

@@ -100,8 +100,8 @@ int32_t EngineBooks::Lookup(const CString& path, int32_t bookNumber, const CStri
   const bool stopped = end != RunEnd::kFinished;
   FILE* file = OpenDeviceFile(kWorkFileName, "r");
   if (file == nullptr) return stopped ? kLookupStopped : 0;
-  // Read by its descriptor straight into the string: no copy through the
-  // stream's buffer for a work file of megabytes, and no read past its end.
+  // Read by its descriptor: no copy through the stream's buffer for a work
+  // file of megabytes, and no read past its end.
   std::string bytes = ReadRegularFile(file);
   std::fclose(file);
   ParseWorkFile(bytes, articles, candidates, stopped);

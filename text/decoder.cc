@@ -34,30 +34,51 @@ bool plain_layout(const TextRecord& record) {
   return engine.width <= 0 && record.column >= record.margin && !(engine.flags & DF_COLOUR);
 }
 
-// Writes the characters from `word` on that cdputchar gives in its
-// common paths (a JIS X 0208 code, in full width or as the half-width
-// form of an ASCII character) straight out, as text_append_char and a
-// plain emit write them one unit at a time: the bulk of every record. No
-// code they pass changes the layout, the attributes or the flags. Gives
-// the first word that is no such character, read with unit_position set
-// as the unit loop sets it.
+// Writes `word` when it is a character that cdputchar gives in its common
+// paths (a JIS X 0208 code, in full width or as the half-width form of an
+// ASCII character) as text_append_char and a plain emit write it; false,
+// writing nothing, for any other word.
+[[gnu::always_inline]] inline bool put_plain(TextRecord* record, int32_t word, bool half, FILE* output) {
+  const bool column_in_set = static_cast<uint32_t>((word & 0xFF) - 0x21) < 0x5E;
+  if (word < kFirstJis || word > kLastJis || !column_in_set) return false;
+  if (half) {
+    const uint32_t ascii = halfwidth_ascii_of(word);
+    if (ascii == 0) return false;
+    putc_unlocked(static_cast<int>(ascii), output);
+    record->column += 1;
+  } else {
+    const int32_t bytes = jis_to_sjis(word);
+    putc_unlocked((bytes >> 8) & 0xFF, output);
+    putc_unlocked(bytes & 0xFF, output);
+    record->column += 2;
+  }
+  return true;
+}
+
+// Writes the characters from `word` on that put_plain writes: the bulk of
+// every record. No code it passes changes the layout, the attributes or the
+// flags. Gives the first word that is no such character, read with
+// unit_position set as the unit loop sets it.
 int32_t plain_run(TextRecord* record, int32_t word) {
   FILE* output = engine.output;
   const bool half = (engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE);
   for (;;) {
-    const bool column_in_set = static_cast<uint32_t>((word & 0xFF) - 0x21) < 0x5E;
-    if (word < kFirstJis || word > kLastJis || !column_in_set) return word;
-    if (half) {
-      const uint32_t ascii = halfwidth_ascii_of(word);
-      if (ascii == 0) return word;
-      putc_unlocked(static_cast<int>(ascii), output);
-      record->column += 1;
-    } else {
-      const int32_t bytes = jis_to_sjis(word);
-      putc_unlocked((bytes >> 8) & 0xFF, output);
-      putc_unlocked(bytes & 0xFF, output);
-      record->column += 2;
+    if (!put_plain(record, word, half, output)) return word;
+    // The words that follow within the block read last, straight from its
+    // bytes (under a file table positions are not file offsets: word by word).
+    int64_t size = 0;
+    const unsigned char* rest = (engine.flags & DF_FILE_TABLE) ? nullptr : kept_rest(&size);
+    int64_t used = 0;
+    for (; used + 2 <= size; used += 2) {
+      const int32_t next = rest[used] << 8 | rest[used + 1];
+      if (!put_plain(record, next, half, output)) {
+        kept_bytes(static_cast<size_t>(used));
+        record->unit_position = cdtell();
+        kept_bytes(2);
+        return next;
+      }
     }
+    kept_bytes(static_cast<size_t>(used));
     record->unit_position = cdtell();
     word = cdgetword();
   }
