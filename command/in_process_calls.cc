@@ -7,6 +7,7 @@
 // for it, runs nothing and gives the result of a book that can't be read
 // (engine_catalog 1 with the buffer all zeros, engine_has_forward_index 0,
 // engine_output no output file).
+#include <charconv>
 #include <cstring>
 
 #include "command/engine.h"
@@ -21,18 +22,21 @@ constexpr int kBookArgSize = 8;  // "-B%d"
 // `option` + `value` into `buffer` of `size` bytes; false, after the
 // message on a bad option, when it does not fit.
 bool make_arg(char* buffer, int size, const char* option, const char* value) {
-  if (strlen(option) + strlen(value) >= static_cast<size_t>(size)) {
+  const size_t option_length = strlen(option);
+  const size_t value_length = strlen(value);
+  if (option_length + value_length >= static_cast<size_t>(size)) {
     print_bad_option(option, value);
     return false;
   }
-  snprintf(buffer, size, "%s%s", option, value);
+  memcpy(buffer, option, option_length);
+  memcpy(buffer + option_length, value, value_length + 1);
   return true;
 }
 
 // "-B%d" into its 8-byte buffer, refused like a path when it does not fit.
 bool make_book_arg(char* buffer, int32_t book) {
-  char digits[16];
-  snprintf(digits, sizeof digits, "%d", static_cast<int>(book));
+  char digits[16] = {};
+  std::to_chars(digits, digits + sizeof digits - 1, book);
   return make_arg(buffer, kBookArgSize, "-B", digits);
 }
 

@@ -27,7 +27,11 @@ void line_end(TextRecord* record) {
     record->ended = true;
     return;
   }
-  write_direct((engine.flags & DF_VERBOSE) ? "\\\\\n" : "\n");
+  if (engine.flags & DF_VERBOSE) {
+    write_direct("\\\\\n");
+  } else {
+    putc_unlocked('\n', engine.output);  // a line in every few units: no call for it
+  }
   record->column = 0;
   --record->limit;
   if (record->limit == 0 || record->limit < kLineAllowanceFloor) {
