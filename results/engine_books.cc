@@ -87,8 +87,10 @@ int32_t EngineBooks::Lookup(const CString& path, int32_t bookNumber, const CStri
   const bool endAtHeads = looked->second == ENTRY_ENDS_RUN_ON;
   std::vector<char> key = ToMultiByte(word);
   MakeSearchArgument(key);
-  DeleteFileW(kWorkFileName);  // the engine appends: only this run's text may be there
+  // Named while the old file is there: the name of a missing one is looked
+  // for case-blind through the whole folder.
   const std::string workFile = HostPath(kWorkFileName);
+  DeleteFileW(kWorkFileName);  // the engine appends: only this run's text may be there
   // A damaged or hostile book can make the engine write without end: it
   // runs apart, stopped at the limits, and what it wrote until then counts.
   const RunEnd end = RunBounded(
