@@ -113,8 +113,10 @@ class CellWriter {
     }
   }
 
+  // A number runs to its last digit (a comma or point between digits
+  // belongs to it), so every number opens with the number sign.
   void Number() {
-    if (after_ != After::kNumber) Put(u"⠼");
+    Put(u"⠼");
     while (at_ < text_.size()) {
       const char16_t ch = text_[at_];
       const bool digitNext = at_ + 1 < text_.size() && IsDigit(text_[at_ + 1]);
