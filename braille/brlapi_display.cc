@@ -17,6 +17,13 @@ void KeepGoing(int, brlapi_packetType_t, const void*, size_t) {}
 
 }  // namespace
 
+uint32_t KeyCharacter(uint64_t key) {
+  if ((key & BRLAPI_KEY_TYPE_MASK) != BRLAPI_KEY_TYPE_SYM) return 0;
+  const uint64_t code = key & BRLAPI_KEY_CODE_MASK;
+  if ((code & 0xFF000000) == BRLAPI_KEY_SYM_UNICODE) return static_cast<uint32_t>(code & 0xFFFFFF);
+  return code >= 0x20 && code < 0x100 ? static_cast<uint32_t>(code) : 0;
+}
+
 BrlapiDisplay::~BrlapiDisplay() {
   if (descriptor_ < 0) return;
   Release();
@@ -100,13 +107,9 @@ int BrlapiDisplay::ReadKey(uint64_t& key, std::string& why) {
 }
 
 uint64_t BrlapiDisplay::TypedCell(uint64_t key) {
-  if ((key & BRLAPI_KEY_TYPE_MASK) != BRLAPI_KEY_TYPE_SYM) return key;
-  const uint64_t code = key & BRLAPI_KEY_CODE_MASK;
-  const uint64_t character = (code & 0xFF000000) == BRLAPI_KEY_SYM_UNICODE ? code & 0xFFFFFF
-                             : code >= 0x20 && code < 0x100             ? code
-                                                                          : 0;
-  if (character == 0) return key;  // a key such as Enter or an arrow
-  const uint32_t row = static_cast<uint32_t>(character >> 8);
+  const uint32_t character = KeyCharacter(key);
+  if (character == 0) return key;
+  const uint32_t row = character >> 8;
   auto found = rows_.find(row);
   if (found == rows_.end()) {
     brlapi_param_computerBrailleRowCells_t cells{};

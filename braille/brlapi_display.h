@@ -15,6 +15,10 @@
 
 #include "braille/braille_display.h"
 
+// The character a BrlAPI key stands for: a keyboard symbol of a Latin-1
+// or Unicode character; 0 for a command or a key such as Enter or an arrow.
+uint32_t KeyCharacter(uint64_t key);
+
 class BrlapiDisplay : public BrailleDisplay {
  public:
   BrlapiDisplay() = default;

@@ -4,6 +4,7 @@
 #include <brlapi_keycodes.h>
 
 #include "app/frame_ids.h"
+#include "braille/brlapi_display.h"
 #include "controls/control_keys.h"
 #include "platform/utf16_units.h"
 
@@ -103,13 +104,10 @@ DisplayInput MapDisplayKey(uint64_t key) {
   for (const KeyPair& pair : kSymbols)
     if (pair.from == code) return Key(pair.to);
   // A character: a Braille pattern is a cell typed, anything else text.
-  const uint64_t character = (code & 0xFF000000) == BRLAPI_KEY_SYM_UNICODE ? code & 0xFFFFFF
-                             : code >= 0x20 && code < 0x100             ? code
-                                                                          : 0;
-  if (character >= 0x2800 && character <= 0x28FF)
-    return Dots(static_cast<uint32_t>(character - 0x2800));
+  const uint32_t character = KeyCharacter(key);
+  if (character >= 0x2800 && character <= 0x28FF) return Dots(character - 0x2800);
   if (character >= 0x20 && character <= 0x10FFFF && character != 0x7F)
-    return {DisplayInput::kText, static_cast<uint32_t>(character)};
+    return {DisplayInput::kText, character};
   return {};
 }
 
