@@ -5,6 +5,7 @@ BraillePresenter::BraillePresenter(BrailleDisplay& display, CellTranslator trans
     : display_(display), translate_(std::move(translate)), notices_(notices) {}
 
 bool BraillePresenter::Start() {
+  started_ = true;
   std::string why;
   connected_ = display_.Open(why);
   if (!connected_) {
@@ -19,9 +20,21 @@ void BraillePresenter::Lose(const std::string& why) {
   if (!connected_) return;
   connected_ = false;
   std::fprintf(notices_, "epwingdict: the Braille display of %s was lost (%s); Braille goes on on "
-                         "the terminal only\n",
+                         "the terminal until it is back\n",
                display_.Name(), why.c_str());
   std::fflush(notices_);
+}
+
+bool BraillePresenter::Reconnect() {
+  if (!Missing()) return connected_;
+  std::string why;
+  if (!display_.Open(why)) return false;
+  connected_ = true;
+  std::fprintf(notices_, "epwingdict: the Braille display of %s is back\n", display_.Name());
+  std::fflush(notices_);
+  FollowCursor();  // the display may be another, of another width
+  Refresh();
+  return connected_;
 }
 
 int BraillePresenter::CellsBefore(int units) const {
@@ -48,9 +61,13 @@ void BraillePresenter::ShowBraille(const CString& line) {
 
 void BraillePresenter::ShowBrailleCursor(int position) {
   cursorCell_ = CellsBefore(position);
-  const int width = connected_ ? display_.Width() : 0;
-  window_ = width > 0 ? cursorCell_ / width * width : 0;
+  FollowCursor();
   Refresh();
+}
+
+void BraillePresenter::FollowCursor() {
+  const int width = connected_ ? display_.Width() : 0;
+  window_ = width > 0 && cursorCell_ >= 0 ? cursorCell_ / width * width : 0;
 }
 
 int BraillePresenter::KeyDescriptor() const { return connected_ ? display_.KeyDescriptor() : -1; }

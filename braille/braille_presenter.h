@@ -8,7 +8,10 @@
 //
 // Without a display (BRLTTY not running) or once it is lost, the presenter
 // does nothing, and the terminal alone shows the line; that is told once,
-// as one line on `notices` (standard error).
+// as one line on `notices` (standard error). The input wait calls
+// Reconnect now and then while the display is missing: once BRLTTY is
+// back, the display is taken again, shows the line at once, and that is
+// told once too.
 #ifndef BRAILLE_BRAILLE_PRESENTER_H_
 #define BRAILLE_BRAILLE_PRESENTER_H_
 
@@ -35,6 +38,11 @@ class BraillePresenter : public Presenter {
   bool Start();
   // True while the display is there to write to.
   bool Connected() const { return connected_; }
+  // True when a display was asked for (Start) and is not there.
+  bool Missing() const { return started_ && !connected_; }
+  // Tries once, quietly, to open a missing display; true, told, and the
+  // line shown on it, when it opens.
+  bool Reconnect();
 
   void ShowBraille(const CString& line) override;
   void ShowBrailleCursor(int position) override;
@@ -63,12 +71,15 @@ class BraillePresenter : public Presenter {
  private:
   // Cells that the first `units` units of the line make.
   int CellsBefore(int units) const;
+  // Puts the window where the cursor is, at the start without one.
+  void FollowCursor();
   void Refresh();
   void Lose(const std::string& why);
 
   BrailleDisplay& display_;
   CellTranslator translate_;
   FILE* notices_;            // where a loss is told
+  bool started_ = false;     // a display was asked for
   bool connected_ = false;   // the display is open and ours
   CString line_;             // the line shown
   std::u16string cells_;     // its cells

@@ -81,6 +81,13 @@ TEST(BraillePresenterTest, WithoutADisplayOrOnceItIsLostItSaysSoOnceAndGoesOn) {
   absent.ShowBraille(u"AB");
   EXPECT_TRUE(none.written.empty());
   EXPECT_EQ(notices.Text(), "epwingdict: no Braille display: fake cannot be used (no server)\n");
+  EXPECT_FALSE(absent.Reconnect());  // quietly
+  none.refusals = 0;                 // BRLTTY has started: the line at once
+  EXPECT_TRUE(absent.Reconnect());
+  EXPECT_EQ(none.written, std::vector<std::u16string>{u"⠁⠂"});
+  EXPECT_EQ(notices.Text(),
+            "epwingdict: no Braille display: fake cannot be used (no server)\n"
+            "epwingdict: the Braille display of fake is back\n");
 
   FakeDisplay display(4);
   display.failAt = 2;
@@ -94,7 +101,7 @@ TEST(BraillePresenterTest, WithoutADisplayOrOnceItIsLostItSaysSoOnceAndGoesOn) {
   EXPECT_EQ(display.written, std::vector<std::u16string>{u"⠁⠂"});
   EXPECT_EQ(lost.Text(),
             "epwingdict: the Braille display of fake was lost (gone); Braille goes on on the "
-            "terminal only\n");
+            "terminal until it is back\n");
   uint64_t key = 0;
   EXPECT_FALSE(braille.ReadKey(key));
   EXPECT_EQ(braille.KeyDescriptor(), -1);
@@ -103,10 +110,10 @@ TEST(BraillePresenterTest, WithoutADisplayOrOnceItIsLostItSaysSoOnceAndGoesOn) {
 TEST(BraillePresenterTest, KeysComeUntilTheDisplayIsLost) {
   FakeDisplay display(4);
   display.keys = {7, 8};
-  display.keysLost = true;
   Notices notices;
   BraillePresenter braille(display, Cells, notices.File());
   ASSERT_TRUE(braille.Start());
+  display.keysLost = true;
   uint64_t key = 0;
   ASSERT_TRUE(braille.ReadKey(key));
   EXPECT_EQ(key, 7u);

@@ -93,8 +93,13 @@ class VirtualDisplay {
     listener_ = ::Listen(0);
     return listener_ < 0 ? 0 : PortOf(listener_);
   }
-  // Takes BRLTTY's connection and tells it the display's width.
+  // Takes BRLTTY's connection (a new one when BRLTTY has started again)
+  // and tells it the display's width.
   bool Connect(int width) {
+    if (connection_ >= 0) close(connection_);
+    connection_ = -1;
+    pending_.clear();
+    seen_ = false;
     pollfd wait{listener_, POLLIN, 0};
     if (poll(&wait, 1, static_cast<int>(kPatience / std::chrono::milliseconds(1))) != 1) return false;
     connection_ = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
@@ -175,19 +180,34 @@ class BrlttyRunTest : public EpwingdictRunner {
   // Starts BRLTTY with the Virtual driver on a display of `width` cells,
   // then the reader at a terminal, on its first screen.
   void Start(int width) {
-    const int displayPort = display_.Listen();
-    ASSERT_NE(displayPort, 0);
+    width_ = width;
+    displayPort_ = display_.Listen();
+    ASSERT_NE(displayPort_, 0);
     // BrlAPI's port: the first free one from a number of this process's.
-    int server = -1;
-    for (int tries = 0; tries < 200 && server < 0; ++tries) {
+    for (int tries = 0; tries < 200 && server_ < 0; ++tries) {
       const int number = 100 + (getpid() + tries) % 800;
       const int probe = Listen(kBrlapiBasePort + number);
       if (probe >= 0) {
         close(probe);
-        server = number;
+        server_ = number;
       }
     }
-    ASSERT_GE(server, 0) << "no free port for BrlAPI";
+    ASSERT_GE(server_, 0) << "no free port for BrlAPI";
+    StartBrltty();
+    if (HasFatalFailure()) return;
+
+    std::filesystem::create_directories(work / "run" / "epwingdict");
+    ASSERT_TRUE(terminal_.Start({program.string(), "--card", card.string(), "--home", work.string(),
+                                 "--speech", "none", "--braille", "brlapi"},
+                                {"XDG_RUNTIME_DIR=" + (work / "run").string(),
+                                 "BRLAPI_HOST=127.0.0.1:" + std::to_string(server_),
+                                 "BRLAPI_AUTH=none"}));
+    ASSERT_TRUE(terminal_.ReadUntil("辞書選択:プラス辞典/ことわざ小辞典\n")) << Shown();
+  }
+
+  // Starts BRLTTY (again) on the display and BrlAPI port of the test,
+  // and waits until it shows cells.
+  void StartBrltty() {
     const std::filesystem::path folder = work / "brltty";
     std::filesystem::create_directories(folder);
     brlttyLog_ = folder / "log.txt";
@@ -195,26 +215,18 @@ class BrlttyRunTest : public EpwingdictRunner {
     ASSERT_TRUE(brlttyProcess_.Start(
         {brltty_, "-n", "-q", "-e", "-l", "warning", "-f", "/dev/null", "-P",
          (folder / "pid").string(), "-W", folder.string(), "-U", folder.string(), "-s", "no",
-         "-x", "no", "-b", "vr", "-d", "client:127.0.0.1:" + std::to_string(displayPort), "-A",
-         "host=127.0.0.1:" + std::to_string(server) + ",auth=none"},
+         "-x", "no", "-b", "vr", "-d", "client:127.0.0.1:" + std::to_string(displayPort_), "-A",
+         "host=127.0.0.1:" + std::to_string(server_) + ",auth=none"},
         brlttyLog_));
-    ASSERT_TRUE(display_.Connect(width)) << "BRLTTY did not connect: " << BrlttyLog();
+    ASSERT_TRUE(display_.Connect(width_)) << "BRLTTY did not connect: " << BrlttyLog();
     const auto deadline = Clock::now() + kPatience;
-    while (!Accepts(kBrlapiBasePort + server) && Clock::now() < deadline)
+    while (!Accepts(kBrlapiBasePort + server_) && Clock::now() < deadline)
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    ASSERT_TRUE(Accepts(kBrlapiBasePort + server)) << "BrlAPI does not listen: " << BrlttyLog();
+    ASSERT_TRUE(Accepts(kBrlapiBasePort + server_)) << "BrlAPI does not listen: " << BrlttyLog();
     // BrlAPI may listen before the driver has its cells: the first line of
     // cells on the display says it has.
     ASSERT_TRUE(display_.WaitUntil([](const std::u16string&, int) { return true; }))
         << "BRLTTY shows nothing: " << BrlttyLog();
-
-    std::filesystem::create_directories(work / "run" / "epwingdict");
-    ASSERT_TRUE(terminal_.Start({program.string(), "--card", card.string(), "--home", work.string(),
-                                 "--speech", "none", "--braille", "brlapi"},
-                                {"XDG_RUNTIME_DIR=" + (work / "run").string(),
-                                 "BRLAPI_HOST=127.0.0.1:" + std::to_string(server),
-                                 "BRLAPI_AUTH=none"}));
-    ASSERT_TRUE(terminal_.ReadUntil("辞書選択:プラス辞典/ことわざ小辞典\n")) << Shown();
   }
 
   // Leaves at once (Ctrl-D), as the reader ends well.
@@ -250,6 +262,9 @@ class BrlttyRunTest : public EpwingdictRunner {
   }
 
   std::string brltty_;                  // the program, when installed
+  int width_ = 0;                       // cells of the display
+  int displayPort_ = 0;                 // where the display waits for BRLTTY
+  int server_ = -1;                     // BrlAPI's server number
   std::filesystem::path brlttyLog_;     // its messages
   BackgroundProcess brlttyProcess_;     // BRLTTY while it runs
   VirtualDisplay display_;              // the display BRLTTY shows on
@@ -311,8 +326,9 @@ TEST_F(BrlttyRunTest, TheDisplaysKeysTypeRouteAndLookUp) {
 }
 
 // Ctrl-Z gives the display back to BRLTTY until `fg`; BRLTTY stopping in
-// the middle leaves the reader at the terminal, told once, no key lost.
-TEST_F(BrlttyRunTest, TheDisplayIsGivenBackOnCtrlZAndItsLossIsToldOnce) {
+// the middle leaves the reader at the terminal, told once, no key lost;
+// BRLTTY started again gets the line back, and its keys work again.
+TEST_F(BrlttyRunTest, TheDisplayIsGivenBackOnCtrlZLostAndTakenAgain) {
   Start(12);
   terminal_.Type("\t");
   ASSERT_TRUE(terminal_.ReadUntil("検索ワード:\n")) << Shown();
@@ -342,5 +358,13 @@ TEST_F(BrlttyRunTest, TheDisplayIsGivenBackOnCtrlZAndItsLossIsToldOnce) {
   const size_t first = shown.find(lost);
   EXPECT_NE(first, std::string::npos) << Shown();
   EXPECT_EQ(shown.find(lost, first + 1), std::string::npos) << Shown();
+
+  StartBrltty();
+  ASSERT_FALSE(HasFatalFailure());
+  EXPECT_TRUE(display_.WaitForCells(Tenji("検索結果:はな【花】"))) << Shown();
+  ASSERT_TRUE(terminal_.ReadUntil("epwingdict: the Braille display of BRLTTY is back\n")) << Shown();
+  ASSERT_TRUE(display_.Send("LnDn"));
+  ASSERT_TRUE(terminal_.ReadUntil("検索結果:はな【鼻】\n")) << Shown();
+  EXPECT_TRUE(display_.WaitForCells(Tenji("検索結果:はな【鼻】"))) << Shown();
   Leave();
 }

@@ -111,27 +111,30 @@ TEST_F(InputWaitTest, KeysOfEitherComeInOneWaitAndRoutingFollowsThePannedWindow)
   EXPECT_EQ(notices_.Text(), "");
 }
 
-TEST_F(InputWaitTest, ADisplayLostWhileWaitingIsToldOnceAndTheTerminalGoesOn) {
+// BRLTTY goes away and comes back: the loss is told, the terminal goes
+// on, the display is tried again quietly until it opens, and then shows
+// the line, told once.
+TEST_F(InputWaitTest, ALostDisplayIsTakenAgainOnceItIsBack) {
   TerminalKeys keys(terminal_[0]);
-  InputWait wait(keys, &braille_);
+  InputWait wait(keys, &braille_, std::chrono::milliseconds(10));
+  braille_.ShowBraille(u"AB");
   display_.keysLost = true;
-  std::thread typist([this]() {
-    ASSERT_EQ(write(displayPipe_[1], "k", 1), 1);  // BRLTTY went away
-    usleep(50000);
-    Type("a");
-    usleep(50000);
-    Type("\t");
-  });
+  display_.refusals = 3;
+  display_.onOpen = [this]() { Type("\t"); };  // a key pressed as it comes back
+  ASSERT_EQ(write(displayPipe_[1], "k", 1), 1);     // BRLTTY went away
+  Type("a");
   TaskAction action;
   ASSERT_TRUE(wait.Next(action));
   EXPECT_EQ(action.text, CString(u"a"));
   ASSERT_TRUE(wait.Next(action));
   EXPECT_EQ(action.number, static_cast<uint32_t>(KEY_NEXT_CTRL));
-  typist.join();
-  EXPECT_FALSE(braille_.Connected());
+  EXPECT_TRUE(braille_.Connected());
+  EXPECT_EQ(display_.refusals, 0);
+  EXPECT_EQ(display_.written, (std::vector<std::u16string>{u"⠁⠁", u"⠁⠁"}));
   EXPECT_EQ(notices_.Text(),
             "epwingdict: the Braille display of fake was lost (gone); Braille goes on on the "
-            "terminal only\n");
+            "terminal until it is back\n"
+            "epwingdict: the Braille display of fake is back\n");
 }
 
 // Ctrl-Z in a process of its own, on a pseudo-terminal: the display is

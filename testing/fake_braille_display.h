@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,21 @@
 // once the keys are gone.
 class FakeDisplay : public BrailleDisplay {
  public:
-  explicit FakeDisplay(int width, bool opens = true) : width_(width), opens_(opens) {}
+  explicit FakeDisplay(int width, bool opens = true) : width_(width) {
+    if (!opens) refusals = 1 << 30;
+  }
   const char* Name() const override { return "fake"; }
+  // A connection that opens is a new one: its keys are not lost.
   bool Open(std::string& why) override {
     why = "no server";
-    return opens_;
+    if (refusals > 0) {
+      --refusals;
+      return false;
+    }
+    ++opened;
+    keysLost = false;
+    if (onOpen) onOpen();
+    return true;
   }
   int Width() const override { return width_; }
   bool Write(const std::u16string& cells, int cursor, std::string& why) override {
@@ -55,10 +66,12 @@ class FakeDisplay : public BrailleDisplay {
   bool keysLost = false;                // no keys left means lost
   int failAt = 0;                       // the first write that fails
   int descriptor = -1;                  // readable when keys wait (non-blocking), or -1
+  int refusals = 0;                     // opens that fail before one works
+  int opened = 0;                       // opens that worked
+  std::function<void()> onOpen;         // called as an open works
 
  private:
   int width_;
-  bool opens_;
 };
 
 #endif  // TESTING_FAKE_BRAILLE_DISPLAY_H_
