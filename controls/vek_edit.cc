@@ -190,7 +190,7 @@ void CVekEdit::DeleteAt(int position) {
     return;
   }
   if (position < 0 || position >= text_.GetLength()) {
-    CurrentPresenter().ShowBraille((multiLine_ ? CString() : label_) + CursorLine());
+    ShowCursorLine(multiLine_ ? CString() : label_);
     CurrentPresenter().Speak(kNothingToDelete, false);
     return;
   }
