@@ -1,5 +1,6 @@
 #include "reading/mecab_words.h"
 
+#include <errno.h>  // program_invocation_short_name
 #include <mecab.h>
 
 #include <cstdio>
@@ -39,8 +40,11 @@ Tagger& LoadedTagger() {
       mecab_destroy(mecab);
       mecab = nullptr;
     }
+    // Said in the name of the program that reads (epwingdict, tenji), as
+    // its other messages are.
     if (mecab == nullptr)
-      std::fprintf(stderr, "reading: %s: kana pass through, kanji stay unread\n", problem.c_str());
+      std::fprintf(stderr, "%s: %s: kana pass through, kanji stay unread\n",
+                   program_invocation_short_name, problem.c_str());
     tagger.mecab = mecab;
   });
   return tagger;
