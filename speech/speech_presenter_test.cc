@@ -1,6 +1,3 @@
-// Speech over channels that fail: at the start, in the middle, all of them.
-// Each change is told once, and no utterance is dropped while a channel
-// is left that works.
 #include "speech/speech_presenter.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +14,7 @@ namespace {
 // after a given number of calls.
 class FakeChannel : public SpeechChannel {
  public:
-  FakeChannel(const char* name, bool opens, int callsBeforeLoss = 1000)
+  FakeChannel(const char* name, bool opens, int callsBeforeLoss)
       : name_(name), opens_(opens), callsLeft_(callsBeforeLoss) {}
   const char* Name() const override { return name_; }
   bool Open(std::string& why) override {
@@ -53,61 +50,52 @@ class FakeChannel : public SpeechChannel {
 
 using Said = std::vector<std::string>;
 
+// Each case speaks, waits, silences, beeps and speaks again over a server
+// and a library channel; each change of channel is told once, and no
+// utterance is dropped while a channel is left that works.
+TEST(SpeechPresenterTest, ChannelsThatFailAtTheStartOrInTheMiddle) {
+  const struct {
+    const char* name;
+    bool serverOpens;
+    int serverCalls;  // before it is lost
+    bool libraryOpens;
+    int libraryCalls;
+    bool started;
+    bool speaksAtTheEnd;
+    Said server, library;
+    const char* told;
+  } cases[] = {
+      {"the first opens", true, 1000, true, 1000, true, true,
+       {"イチ", "ニ (waited)", "(stop)", "(sound)", "サン"}, {}, ""},
+      // The utterance that finds the loss goes to the next channel.
+      {"the first is lost", true, 1, true, 1000, true, true,
+       {"イチ"}, {"ニ (waited)", "(stop)", "(sound)", "サン"},
+       "epwingdict: server was lost (gone); speaking through library\n"},
+      {"the first refuses, the second is lost", false, 1000, true, 2, true, false,
+       {}, {"イチ", "ニ (waited)"},
+       "epwingdict: server cannot be used (refused); speaking through library\n"
+       "epwingdict: library was lost (gone); no speech from now on\n"},
+      {"neither opens", false, 1000, false, 1000, false, false, {}, {},
+       "epwingdict: no speech: server cannot be used (refused); library cannot be used "
+       "(refused)\n"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    FakeChannel server("server", c.serverOpens, c.serverCalls);
+    FakeChannel library("library", c.libraryOpens, c.libraryCalls);
+    Notices notices;
+    SpeechPresenter speech({&server, &library}, notices.File());
+    EXPECT_EQ(speech.Start(), c.started);
+    speech.Speak(u"イチ", false);
+    speech.Speak(u"ニ", true);
+    speech.Speak(u"", false);  // the empty text silences
+    speech.Beep();
+    speech.Speak(u"サン", false);
+    EXPECT_EQ(server.said, c.server);
+    EXPECT_EQ(library.said, c.library);
+    EXPECT_EQ(notices.Text(), c.told);
+    EXPECT_EQ(speech.Current() != nullptr, c.speaksAtTheEnd);
+  }
+}
+
 }  // namespace
-
-TEST(SpeechPresenterTest, SpeaksThroughTheFirstChannelSilentlyWhenItOpens) {
-  FakeChannel server("server", true), library("library", true);
-  Notices notices;
-  SpeechPresenter speech({&server, &library}, notices.File());
-  ASSERT_TRUE(speech.Start());
-  speech.Speak(u"ハナ", false);
-  speech.Speak(u"ケンサク", true);
-  speech.Speak(u"", false);  // the empty text silences
-  speech.Beep();
-  EXPECT_EQ(server.said, (Said{"ハナ", "ケンサク (waited)", "(stop)", "(sound)"}));
-  EXPECT_TRUE(library.said.empty());
-  EXPECT_EQ(notices.Text(), "");
-}
-
-TEST(SpeechPresenterTest, FallsBackAtTheStartAndInTheMiddleTellingEachLossOnce) {
-  FakeChannel server("server", false), library("library", true, 2);
-  Notices notices;
-  SpeechPresenter speech({&server, &library}, notices.File());
-  ASSERT_TRUE(speech.Start());
-  EXPECT_EQ(notices.Text(), "epwingdict: server cannot be used (refused); speaking through library\n");
-  speech.Speak(u"イチ", false);
-  speech.Speak(u"ニ", false);
-  speech.Speak(u"サン", false);  // the library is lost here
-  speech.Speak(u"ヨン", false);
-  speech.StopSpeech();
-  EXPECT_EQ(library.said, (Said{"イチ", "ニ"}));
-  EXPECT_EQ(speech.Current(), nullptr);
-  EXPECT_EQ(notices.Text(),
-            "epwingdict: server cannot be used (refused); speaking through library\n"
-            "epwingdict: library was lost (gone); no speech from now on\n");
-}
-
-TEST(SpeechPresenterTest, TheUtteranceThatFindsTheLossGoesToTheNextChannel) {
-  FakeChannel server("server", true, 1), library("library", true);
-  Notices notices;
-  SpeechPresenter speech({&server, &library}, notices.File());
-  ASSERT_TRUE(speech.Start());
-  speech.Speak(u"イチ", false);
-  speech.Speak(u"ニ", true);
-  speech.Speak(u"サン", false);
-  EXPECT_EQ(server.said, Said{"イチ"});
-  EXPECT_EQ(library.said, (Said{"ニ (waited)", "サン"}));
-  EXPECT_EQ(notices.Text(), "epwingdict: server was lost (gone); speaking through library\n");
-}
-
-TEST(SpeechPresenterTest, WithNoChannelThatOpensSaysSoInOneLine) {
-  FakeChannel server("server", false), library("library", false);
-  Notices notices;
-  SpeechPresenter speech({&server, &library}, notices.File());
-  EXPECT_FALSE(speech.Start());
-  speech.Speak(u"ハナ", false);
-  speech.Beep();
-  EXPECT_EQ(notices.Text(),
-            "epwingdict: no speech: server cannot be used (refused); library cannot be used "
-            "(refused)\n");
-}

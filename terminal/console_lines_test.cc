@@ -2,31 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
+#include "testing/notice_stream.h"
+
 namespace {
-
-// A stream in memory, read back as a string.
-class MemoryStream {
- public:
-  MemoryStream() : stream_(open_memstream(&buffer_, &size_)) {}
-  ~MemoryStream() {
-    if (stream_ != nullptr) std::fclose(stream_);
-    std::free(buffer_);
-  }
-  FILE* get() { return stream_; }
-  std::string Text() {
-    std::fflush(stream_);
-    return std::string(buffer_, size_);
-  }
-
- private:
-  char* buffer_ = nullptr;
-  size_t size_ = 0;
-  FILE* stream_;
-};
 
 // A presentation as the controls make them, and a beep as the frame asks.
 void PresentALookup(ConsoleLines& lines) {
@@ -39,60 +19,52 @@ void PresentALookup(ConsoleLines& lines) {
   for (TranscriptWriter* writer : lines.writers()) writer->Beep(32);
   lines.presenter().ShowBraille(u"一行目\n二行目");
   lines.presenter().Speak(u"", false);
+  lines.presenter().Speak(u"\r\t\\SD\x01", false);  // controls a terminal would act on
   // An article read after its head line: what it adds comes out.
   lines.presenter().ShowBraille(u"はな【花】");
   lines.presenter().Speak(u"はな【花】 (n) flower\nbloom 文末", false);
   for (TranscriptWriter* writer : lines.writers()) writer->Ended();
 }
 
-// What the terminal shows of it: each presentation once, a beep as the bell.
-const char kLookupAtTheTerminal[] =
-    "はな【花】\n終了\n読み取り専用\n\a一行目 二行目\nはな【花】\n(n) flower bloom 文末\n";
-
+// At the keyboard each presentation comes out once, a beep as the bell;
+// a transcript file beside it gets the transcript, escapes and all.
 TEST(ConsoleLinesTest, AtTheKeyboardEachPresentationComesOutOnce) {
-  MemoryStream console;
-  ConsoleLines lines(console.get(), console.get(), ConsoleOptions{}, true);
+  Notices console, file;
+  ConsoleLines lines(console.File(), file.File(), ConsoleOptions{}, true);
   PresentALookup(lines);
-  EXPECT_EQ(console.Text(), kLookupAtTheTerminal);
-}
-
-TEST(ConsoleLinesTest, DotsShowTheBrailleCells) {
-  MemoryStream console;
-  ConsoleOptions options;
-  options.show = ShowMode::kDots;
-  ConsoleLines lines(console.get(), console.get(), options, true);
-  lines.presenter().ShowBraille(u"はな");
-  lines.presenter().Speak(u"はな", false);
-  EXPECT_EQ(console.Text(), "⠥⠅\n");
-}
-
-TEST(ConsoleLinesTest, KeyScriptsKeepTheTranscriptWithDotsAndReadingsAdded) {
-  MemoryStream console;
-  ConsoleOptions options;
-  options.extras = {true, true};
-  ConsoleLines lines(console.get(), console.get(), options, false);
-  lines.presenter().ShowBraille(u"はな");
-  lines.presenter().Speak(u"私は\n花", false);
-  EXPECT_EQ(console.Text(), "BRL はな\nDOTS ⠥⠅\nTTS 私は\\n花\nSAY ワタシワ\\nハナ\n");
-}
-
-TEST(ConsoleLinesTest, ATranscriptFileGetsTheTranscriptBesideTheTerminal) {
-  MemoryStream console, file;
-  ConsoleLines lines(console.get(), file.get(), ConsoleOptions{}, true);
-  PresentALookup(lines);
-  EXPECT_EQ(console.Text(), kLookupAtTheTerminal);
+  EXPECT_EQ(console.Text(), "はな【花】\n終了\n読み取り専用\n\a一行目 二行目\n  \\SD \n"
+                            "はな【花】\n(n) flower bloom 文末\n");
   EXPECT_EQ(file.Text(),
             "STARTED\nBRL はな【花】\nTTS はな【花】\nBRL 終了\nTTS 終了 ボタン\n"
-            "TTS 読み取り専用\nBEEP 32\nBRL 一行目\\n二行目\nTTS \nBRL はな【花】\n"
-            "TTS はな【花】 (n) flower\\nbloom 文末\nENDED\n");
+            "TTS 読み取り専用\nBEEP 32\nBRL 一行目\\n二行目\nTTS \nTTS \\n\\t\\\\SD\\x01\n"
+            "BRL はな【花】\nTTS はな【花】 (n) flower\\nbloom 文末\nENDED\n");
+}
+
+TEST(ConsoleLinesTest, ModesAndExtras) {
+  Notices dots;
+  ConsoleOptions options;
+  options.show = ShowMode::kDots;
+  ConsoleLines cells(dots.File(), dots.File(), options, true);
+  cells.presenter().ShowBraille(u"はな");
+  cells.presenter().Speak(u"はな", false);
+  EXPECT_EQ(dots.Text(), "⠥⠅\n");
+
+  // A key script keeps the transcript, with dots and readings added.
+  Notices script;
+  options = ConsoleOptions{};
+  options.extras = {true, true};
+  ConsoleLines transcript(script.File(), script.File(), options, false);
+  transcript.presenter().ShowBraille(u"はな");
+  transcript.presenter().Speak(u"私は\n花", false);
+  EXPECT_EQ(script.Text(), "BRL はな\nDOTS ⠥⠅\nTTS 私は\\n花\nSAY ワタシワ\\nハナ\n");
 
   // With a key script and a file, the terminal stays quiet unless --show
   // asks for it.
-  MemoryStream quiet, file2;
-  ConsoleLines scripted(quiet.get(), file2.get(), ConsoleOptions{}, false);
+  Notices quiet, file;
+  ConsoleLines scripted(quiet.File(), file.File(), ConsoleOptions{}, false);
   scripted.presenter().ShowBraille(u"はな");
   EXPECT_EQ(quiet.Text(), "");
-  EXPECT_EQ(file2.Text(), "BRL はな\n");
+  EXPECT_EQ(file.Text(), "BRL はな\n");
 }
 
 TEST(ConsoleLinesTest, OptionsAreReadAndBadModesNamed) {
