@@ -1,10 +1,7 @@
 // Managing dictionaries and the display options in epwingdict runs on a
 // card whose "\SD\epwing\plus" holds two books (プラス辞典, ことわざ小辞典)
 // and is the one built-in dictionary; what the user registered comes back
-// exactly on the next start, and a read-only settings file is read and
-// never written.
-#include <sys/stat.h>
-
+// exactly on the next start.
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -128,20 +125,4 @@ TEST_F(ManageRunTest, AppliedOptionsReachTheFileAndGivenUpOnesDoNot) {
                    "KEY_OPTION_VALUE\nKEY_OPTION_DOWN\nKEY_OPTION_VALUE\nKEY_BACK\nKEY_EXIT\n");
   EXPECT_EQ(transcript.find("設定しました"), std::string::npos);
   EXPECT_EQ(Settings().rfind(kDefaultOptions, 0), 0u) << Settings();
-}
-
-TEST_F(ManageRunTest, AReadOnlySettingsFileIsReadAndNeverWritten) {
-  Register("辞書 0", "\\SD\\epwing\\plus", 1);
-  const std::string before = Settings();
-  chmod((work / "epwingdict.ini").c_str(), 0444);
-  const std::string transcript = RunScript(std::string(kToDictionaries) +
-                                           "48\n48\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\n"
-                                           "KEY_ENTER\n48\nKEY_ENTER\n"  // deleted
-                                           "KEY_EXIT\nKEY_EXIT\n");
-  EXPECT_TRUE(HasLinesInOrder(
-      transcript, {"BRL 辞書 0 を削除しますか？ いいえ", "BRL 削除しました", "ENDED"}));
-  EXPECT_EQ(Settings(), before);
-  EXPECT_EQ(ReadWholeFile(work / "stderr.txt"),
-            "epwingdict: the settings could not be saved: " + (work / "epwingdict.ini").string() +
-                " is read-only\n");
 }

@@ -25,35 +25,41 @@ void SetUpField(CVekEdit& edit, bool article, const CString& text) {
   if (article) edit.SetReadOnlyMode(1);
 }
 
+// One key pressed or text typed, and what the user then hears.
+struct Step {
+  uint32_t key;           // 0 for typed text
+  const char16_t* typed;  // the text when key is 0
+  const char* said;       // the last utterance behind it
+};
+
+// Takes the steps one by one, checking what each says.
+void Walk(CVekEdit& edit, const RecordingPresenter& out, std::initializer_list<Step> steps) {
+  int n = 0;
+  for (const Step& step : steps) {
+    SCOPED_TRACE(testing::Message() << "step " << n++);
+    if (step.key != 0)
+      edit.OnBrailleKey(step.key, 0);
+    else
+      Type(edit, step.typed);
+    EXPECT_EQ(out.LastSpeech(), step.said);
+  }
+}
+
 TEST(EditTest, TypingMovingAndDeletingInALine) {
   ScopedRecordingPresenter out;
   CVekEdit edit;
   SetUpField(edit, false, u"");
   edit.SetFocus(u"検索ワード:", 1);
   EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 検索ワード:", "TTS 検索ワード:空欄"}));
-
-  Type(edit, u"いぬ");
-  EXPECT_EQ(out.LastBraille(), "検索ワード:いぬ");
-  EXPECT_EQ(edit.Cursor(), 2);
-  EXPECT_EQ(out.LastSpeech(), "いぬ");
-  edit.OnBrailleKey(1024, 0);  // back one: on "ぬ"
-  EXPECT_EQ(out.LastSpeech(), "ぬ");
-  Type(edit, u"あ\nか");  // line breaks don't enter a one-line field
-  EXPECT_EQ(edit.GetText(0), CString(u"いあかぬ"));
-  EXPECT_EQ(edit.Cursor(), 3);
-
-  edit.OnBrailleKey(64, 0);  // backspace takes "か"
-  EXPECT_EQ(out.LastSpeech(), "か");
-  edit.OnBrailleKey(4096, 0);  // delete takes "ぬ"
-  EXPECT_EQ(edit.GetText(0), CString(u"いあ"));
-  edit.OnBrailleKey(2048, 0);
-  EXPECT_EQ(out.LastSpeech(), "行末");
-  edit.OnBrailleKey(4096, 0);  // nothing at the end to delete
-  EXPECT_EQ(out.LastSpeech(), "削除する文字がありません");
-  edit.OnBrailleKey(512, 0);
-  EXPECT_EQ(edit.Cursor(), 0);
-  edit.OnBrailleKey(64, 0);  // nor before the start
-  EXPECT_EQ(out.LastSpeech(), "削除する文字がありません");
+  Walk(edit, out, {{0, u"いぬ", "いぬ"},
+                   {CK_CHAR_LEFT, nullptr, "ぬ"},
+                   {0, u"あ\nか", "あか"},  // line breaks don't enter a one-line field
+                   {CK_BACKSPACE, nullptr, "か"},
+                   {CK_DELETE, nullptr, "ぬ"},
+                   {CK_CHAR_RIGHT, nullptr, "行末"},
+                   {CK_DELETE, nullptr, "削除する文字がありません"},  // nothing at the end
+                   {CK_LINE_START, nullptr, "い"},
+                   {CK_BACKSPACE, nullptr, "削除する文字がありません"}});  // nor before the start
   EXPECT_EQ(out.LastBraille(), "検索ワード:いあ");
   EXPECT_EQ(edit.GetText(0), CString(u"いあ"));
   edit.OnBrailleCursor(7, 0);  // cells 0-5 hold the label
@@ -61,11 +67,9 @@ TEST(EditTest, TypingMovingAndDeletingInALine) {
 
   // A character beyond the BMP is one step and one deletion.
   SetUpField(edit, false, u"a\U00020B9Fb");
-  edit.OnBrailleKey(512, 0);
-  edit.OnBrailleKey(2048, 0);
-  edit.OnBrailleKey(2048, 0);
+  for (uint32_t key : {CK_LINE_START, CK_CHAR_RIGHT, CK_CHAR_RIGHT}) edit.OnBrailleKey(key, 0);
   EXPECT_EQ(edit.Cursor(), 3);
-  edit.OnBrailleKey(64, 0);
+  edit.OnBrailleKey(CK_BACKSPACE, 0);
   EXPECT_EQ(edit.GetText(0), CString(u"ab"));
   EXPECT_EQ(edit.Cursor(), 1);
 }
@@ -79,23 +83,17 @@ TEST(EditTest, ReadOnlyTextReadsByLineAndAll) {
   EXPECT_EQ(out.LastBraille(), "検索結果:いぬ【犬】");
   EXPECT_EQ(out.LastSpeech(), "検索結果:いぬ【犬】 動物。 文末");
   EXPECT_EQ(edit.Cursor(), 0);
-
-  edit.OnBrailleKey(48, 0);
-  EXPECT_EQ(out.LastSpeech(), "空行");
-  edit.OnBrailleKey(16384, 0);
-  EXPECT_EQ(out.LastBraille(), "動物。");
-  edit.OnBrailleKey(48, 0);  // last line: told again
-  EXPECT_EQ(out.LastBraille(), "動物。");
-  edit.OnBrailleKey(24, 0);
-  edit.OnBrailleKey(8192, 0);
+  Walk(edit, out, {{CK_NEXT, nullptr, "空行"},
+                   {CK_NEXT_ALT, nullptr, "動物。"},
+                   {CK_NEXT, nullptr, "動物。"},  // last line: told again
+                   {CK_PREV, nullptr, "空行"},
+                   {CK_PREV_ALT, nullptr, "いぬ【犬】"},
+                   {0, u"猫", "読み取り専用"},
+                   {CK_BACKSPACE, nullptr, "読み取り専用"}});
   EXPECT_EQ(out.LastBraille(), "いぬ【犬】");
-
-  Type(edit, u"猫");
-  edit.OnBrailleKey(64, 0);
-  EXPECT_EQ(out.LastSpeech(), "読み取り専用");
   EXPECT_EQ(edit.GetText(0), CString(u"いぬ【犬】\r\n\n動物。"));
 
-  edit.OnBrailleKey(48, 0);
+  edit.OnBrailleKey(CK_NEXT, 0);
   edit.OnReadAll();  // from the start of the cursor's line
   EXPECT_EQ(out.LastSpeech(), "動物。 文末");
   edit.PositionAtReadStop(3, 0);
@@ -120,13 +118,9 @@ TEST(EditTest, FocusDecidesWhereTypingGoesAndEndsBeep) {
   SetUpField(edit, false, u"はな");
   edit.SetFocus(u"検索ワード:", 1);
   EXPECT_EQ(edit.Cursor(), 2);
-  Type(edit, u"び");
+  Walk(edit, out, {{0, u"び", "び"}, {CK_POSITION, nullptr, "行末"}, {CK_CHAR_LEFT, nullptr, "び"},
+                   {CK_POSITION, nullptr, "3/3"}});
   EXPECT_EQ(edit.GetText(0), CString(u"はなび"));
-  edit.OnBrailleKey(CK_POSITION, 0);
-  EXPECT_EQ(out.LastSpeech(), "行末");
-  edit.OnBrailleKey(1024, 0);
-  edit.OnBrailleKey(CK_POSITION, 0);
-  EXPECT_EQ(out.LastSpeech(), "3/3");
 
   // With the button in focus, typing is refused with a beep and the text
   // stays; "?" there tells the button's keys.

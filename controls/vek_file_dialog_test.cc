@@ -154,17 +154,3 @@ TEST_F(FileDialogTest, AStartFolderThatIsGoneOpensAtTheNearestOneAbove) {
   EXPECT_EQ(Walk(u"\\SD", {}), "-");
   EXPECT_EQ(main.events.size(), 6u);
 }
-
-TEST_F(FileDialogTest, FoldersMountedOnTheCardShowAtItsTop) {
-  const std::filesystem::path outside = fresh_directory("file_dialog_outside");
-  std::filesystem::create_directories(outside / "kojien" / "KOJIEN");
-  MountCardFolder("kojien", (outside / "kojien").string());
-  MountCardFolder("Other", outside.string());  // hides the card's own "other"
-  EXPECT_EQ(Walk(u"\\SD", {48, 48, 48, 256, 48, 234}), "\\SD\\kojien\\KOJIEN");
-  EXPECT_EQ(Lines(), (std::vector<std::string>{
-                         R"(\\SD このフォルダを選択)", R"(\\SD Other)", R"(\\SD epwing)",
-                         R"(\\SD kojien)", R"(\\SD\\kojien このフォルダを選択)",
-                         R"(\\SD\\kojien KOJIEN)"}));
-  EXPECT_EQ(Walk(u"\\SD", {"kojien/KOJIEN", 256}), "\\SD\\kojien\\KOJIEN");
-  ClearCardFolders();
-}

@@ -49,11 +49,8 @@ TEST(ListboxTest, MovesFollowKeysAndStopAtTheEndsWithABeep) {
   list.OnBrailleKeyProc(256, 0);
   EXPECT_EQ(list.GetCurSel(), 0);
   EXPECT_TRUE(out.Events().empty());
-
   CString text;
-  list.GetText(1, text);
-  EXPECT_EQ(text, CString(u"英和"));
-  list.GetText(7, text);
+  list.GetText(7, text);  // beyond the list: nothing
   EXPECT_TRUE(text.IsEmpty());
 }
 

@@ -76,14 +76,6 @@ TEST(MenuTest, MovesOpensGroupsAndChooses) {
   EXPECT_EQ(menu.GetSelectID(), 0);
 }
 
-TEST(MenuTest, MissingLanguageFileGivesNumberedLabels) {
-  ScopedRecordingPresenter out;
-  CVekMenuCtrl menu;
-  menu.OpenRes(u"/nonexistent/folder/NO_SUCH_MENU.lng");
-  Build(menu);
-  EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 項目1", "TTS メニュー 項目1"}));
-}
-
 TEST(PromptTest, AnswersAndClosingKeys) {
   ScopedRecordingPresenter out;
   const CString file = LanguageFile("yes=する\nno=しない\n");

@@ -24,27 +24,4 @@ TEST(BookDiscovery, BuiltInFoldersInOrderTitlesJoinedOrFolderName) {
   EXPECT_EQ(list[1].title, CString(u"wadai"));
 }
 
-// Adding a dictionary offers each book with a title and a forward index,
-// numbered as in the catalog; a catalog whose books all fail is still one.
-TEST(BookDiscovery, AChosenFolderOffersItsTitledIndexedBooks) {
-  FakeBooks books;
-  DictionaryEntryArray entries;
-  CStringArray titles;
-  EXPECT_FALSE(ReadCatalogBooks(books, u"\\SD\\mine", entries, titles));
-
-  books.SetCatalog(u"\\SD\\mine", {{u"A", false}, {u""}, {u"C"}});
-  ASSERT_TRUE(ReadCatalogBooks(books, u"\\SD\\mine", entries, titles));
-  ASSERT_EQ(entries.size(), 1u);
-  EXPECT_EQ(entries[0].title, CString(u"C"));
-  EXPECT_EQ(entries[0].bookNumber, 2);
-  EXPECT_EQ(entries[0].path, CString(u"\\SD\\mine"));
-  EXPECT_EQ(titles, CStringArray{u"C"});
-
-  books.SetCatalog(u"\\SD\\mine", {{u""}});
-  entries.clear();
-  titles.clear();
-  EXPECT_TRUE(ReadCatalogBooks(books, u"\\SD\\mine", entries, titles));
-  EXPECT_TRUE(entries.empty());
-}
-
 }  // namespace
