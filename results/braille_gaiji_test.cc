@@ -41,13 +41,11 @@ TEST(BrailleGaiji, RecordsUntilOneDoesNotFit) {
   table = Load("41=\n42=x\n");  // no empty text: the next token is the text
   ASSERT_EQ(table.size(), 1u);
   EXPECT_EQ(table[0].replacement, CString(u"42=x"));
-}
 
-TEST(BrailleGaiji, LongTextsAreCutWithinTheBuffer) {
+  // Long texts are cut within the buffer.
   std::string kana;
   for (int i = 0; i < 600; ++i) kana += "\x82\xa0";
-  GaijiMappingArray table =
-      Load("41=" + kana + "\n42=" + std::string(1023, 'b') + "\n43=" + std::string(1500, 'c') + " 44=z");
+  table = Load("41=" + kana + "\n42=" + std::string(1023, 'b') + "\n43=" + std::string(1500, 'c') + " 44=z");
   ASSERT_EQ(table.size(), 4u);
   EXPECT_EQ(table[0].replacement, CString(u'あ', 511));  // not split in two
   EXPECT_EQ(table[1].replacement, CString(u'b', 1023));  // exactly full, nothing passed over

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 
-#include "platform/char_class.h"
 #include "platform/utf8_text.h"
 
 namespace {
@@ -55,98 +53,6 @@ TEST(DisplayFilter, ChainFollowsTheOptions) {
   options = {0, 0, 1, 1, 1};
   EXPECT_EQ(FilterDisplayText(text, options, table), CString(u"<→a-b|12>/ph/"));
   EXPECT_EQ(FilterDisplayText(CString(), options, table), CString());
-}
-
-// The filters' rules read literally, deleting in place and searching on:
-// the reference that the one-pass filters must agree with.
-void LiteralStripLinks(CString& text) {
-  for (int pos = text.Find(CString(u"<→"), 0); pos != -1;) {
-    const int start = pos + 2;
-    const int end = text.Find(u'>', start);
-    bool isLink = end != -1;
-    int cut = start;
-    for (int i = end - 1; isLink && i >= start; --i) {
-      if (text.GetAt(i) == u'|') {
-        cut = i;
-        break;
-      }
-      if (IsWideCharClass(text.GetAt(i), WCLASS_DIGIT) == 0) isLink = false;
-    }
-    if (!isLink) {
-      pos = text.Find(CString(u"<→"), pos + 1);
-      continue;
-    }
-    text.Delete(cut, end - cut + 1);
-    text.Delete(pos, 2);
-    pos = text.Find(CString(u"<→"), pos);
-  }
-}
-
-void LiteralStripPhoneticSigns(CString& text) {
-  for (int pos = text.Find(u'/', 0); pos != -1;) {
-    if (text.GetAt(pos + 1) == u'/') {
-      text.Delete(pos, 2);
-      pos = text.Find(u'/', pos);
-      continue;
-    }
-    int close = -1;
-    for (int i = pos + 1; i < text.GetLength(); ++i) {
-      const char16_t ch = text.GetAt(i);
-      if (ch >= 0x0100 || ch == u'\r' || ch == u'\n') break;
-      if (ch == u'/') {
-        close = i;
-        break;
-      }
-    }
-    if (close == -1) {
-      pos = text.Find(u'/', pos + 1);
-      continue;
-    }
-    text.Delete(pos, close - pos + 1);
-    pos = text.Find(u'/', pos);
-  }
-}
-
-void LiteralHideSyllableMarks(CString& text) {
-  for (int pos = text.Find(u'･', 1); pos != -1; pos = text.Find(u'･', pos + 1)) {
-    const auto letter = [](char16_t ch) { return ch != 0 && IsWideCharClass(ch, WCLASS_ALPHA); };
-    if (letter(text.GetAt(pos - 1)) && letter(text.GetAt(pos + 1))) text.Delete(pos, 1);
-  }
-}
-
-void LiteralStripGaijiCodes(CString& text) {
-  for (int pos = text.Find(u'[', 0); pos != -1;) {
-    if (IsGaijiCode(text.Mid(pos, 6))) {
-      text.Delete(pos, 6);
-      pos = text.Find(u'[', pos);
-    } else {
-      pos = text.Find(u'[', pos + 1);
-    }
-  }
-}
-
-// Random texts made of the characters the rules look at agree with the
-// literal rules, nested and overlapping forms included.
-TEST(DisplayFilter, OnePassFiltersAgreeWithTheLiteralRules) {
-  const std::u16string alphabet = u"<<→→>>||1122aa語//\n･･[[]]AA00";
-  std::mt19937 random(13);
-  void (*const pairs[][2])(CString&) = {{StripLinks, LiteralStripLinks},
-                                        {StripPhoneticSigns, LiteralStripPhoneticSigns},
-                                        {HideSyllableMarks, LiteralHideSyllableMarks},
-                                        {StripGaijiCodes, LiteralStripGaijiCodes}};
-  for (int round = 0; round < 40000; ++round) {
-    std::u16string units(random() % 24, u' ');
-    for (char16_t& unit : units) unit = alphabet[random() % alphabet.size()];
-    // Some texts are made of whole forms, which random letters rarely spell.
-    if (round % 4 == 0) units = u"<→" + units + u"|1>";
-    if (round % 4 == 1) units = units + u"[A121]" + units;
-    for (const auto& pair : pairs) {
-      CString fast(units), literal(units);
-      pair[0](fast);
-      pair[1](literal);
-      ASSERT_EQ(fast, literal) << "round " << round;
-    }
-  }
 }
 
 // Texts of megabytes, where deleting in place took minutes, pass at once.

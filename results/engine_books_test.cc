@@ -12,8 +12,6 @@
 #include "testing/temp_tree.h"
 #include "testing/word_book.h"
 #include "tools/body_text.h"
-#include "tools/book_writer.h"
-#include "tools/index_tree_writer.h"
 #include "tools/jis_text.h"
 
 namespace {
@@ -25,8 +23,6 @@ class LookupTest : public testing::Test {
   void SetUp() override {
     SetDeviceFolder(DeviceFolder::kCard, card_.string());
     SetDeviceFolder(DeviceFolder::kRuntime, runtime_.string());
-    BookTree tree(BookType::kEpwing);
-    Book& book = tree.add_book("辞書", "JITEN");
     BodyText body, heads;
     std::vector<IndexLeafEntry> entries;
     for (const std::u8string word : {u8"－山", u8"／川", u8"１２日", u8"山", u8"山川", u8"川", u8"日"}) {
@@ -35,14 +31,7 @@ class LookupTest : public testing::Test {
       body.text(word).code(0x1F0A).code(0x1F03);
       heads.text(word).code(0x1F0A);
     }
-    int32_t bodyBase = (book.text.add_area(0x00, body.data()) - 1) * 2048;
-    int32_t headsBase = (book.text.add_area(0x05, heads.code(0x1F03).data()) - 1) * 2048;
-    for (IndexLeafEntry& entry : entries) {
-      entry.text += bodyBase;
-      entry.head += headsBase;
-    }
-    book.text.add_area(0x91, index_tree(entries, book.text.next_page()));
-    tree.write(card_ / "dict");
+    write_word_book(card_ / "dict", body, heads, entries);
   }
   void TearDown() override {
     SetDeviceFolder(DeviceFolder::kCard, "");
@@ -78,26 +67,19 @@ TEST_F(LookupTest, HitCandidatesAndMissingFolder) {
   EXPECT_EQ(articles_[0].head, CString(u"山川"));
   EXPECT_EQ(candidates_.size(), 2u);
 
+  // A word the engine would take for an option or a position goes over in
+  // its full-width form and finds what it names.
+  const char16_t* const words[][2] = {{u"-山", u"－山"}, {u"/川", u"／川"}, {u"12日", u"１２日"}};
+  for (const auto& word : words) {
+    ASSERT_EQ(Lookup(u"\\SD\\dict", word[0]), 0);
+    ASSERT_EQ(articles_.size(), 1u);
+    EXPECT_EQ(articles_[0].head, CString(word[1]));
+  }
+
   // A folder that has gone: the lists are emptied.
   EXPECT_EQ(Lookup(u"\\SD\\gone", u"山"), kLookupNoBook);
   EXPECT_TRUE(articles_.empty());
   EXPECT_TRUE(candidates_.empty());
-}
-
-// A word whose first character the engine would take for an option or a
-// position is handed over in its full-width form, and finds what the typed
-// word names. (That such words are never options, through the whole
-// reader, is shown with the application's hostile words.)
-TEST_F(LookupTest, AWordIsNeverAnOptionNorAPosition) {
-  const struct {
-    const char16_t* typed;
-    const char16_t* found;
-  } words[] = {{u"-山", u"－山"}, {u"/川", u"／川"}, {u"12日", u"１２日"}, {u"１２日", u"１２日"}};
-  for (const auto& word : words) {
-    ASSERT_EQ(Lookup(u"\\SD\\dict", word.typed), 0);
-    ASSERT_EQ(articles_.size(), 1u);
-    EXPECT_EQ(articles_[0].head, CString(word.found));
-  }
 }
 
 // A book whose one article never ends: the engine is stopped at the work

@@ -20,9 +20,7 @@ TEST(TypedWordForms, BlanksSymbolsFullWidthAndRomajiInOrder) {
   EXPECT_EQ(Forms(u"ｇａｋ ｋｏｕ"),
             std::vector<CString>({u"ｇａｋｋｏｕ", u"gakkou", u"がっこう"}));
   EXPECT_EQ(Forms(u"kon'ya"), std::vector<CString>({u"こんや"}));
-}
-
-TEST(TypedWordForms, NothingNewIsTriedAgain) {
+  // Nothing new is tried again.
   EXPECT_TRUE(Forms(u"はな").empty());
   EXPECT_TRUE(Forms(u"apple").empty());
   EXPECT_TRUE(Forms(u"・ ").empty());                           // nothing is left to look up
