@@ -61,11 +61,11 @@ const char8_t kSource[] = u8R"(; two books in one catalog
 
 // Writes `source` into a fresh folder and builds its books into `tree`
 // there; gives the tree's path.
-fs::path build(const std::u8string& source, const std::string& name, BookType type = BookType::kEpwing) {
+fs::path build(const std::u8string& source, const std::string& name) {
   const fs::path folder = fresh_directory(name);
   const fs::path file = folder / "book.txt";
   std::ofstream(file, std::ios::binary) << std::string(source.begin(), source.end());
-  BookTree tree(type);
+  BookTree tree;
   for (const BookContent& content : read_source(file.string())) {
     build_book(content, tree.add_book(content.title, content.directory));
   }
@@ -112,8 +112,7 @@ TEST(MkbookRoundTrip, LinksMarginsGaijiMenuAndNotice) {
   const fs::path tree = build(kSource, "forms");
   const std::string hana = lookup(tree, {utf8(u8"花")});
   std::smatch link;
-  const std::string decoded = hana;
-  ASSERT_TRUE(std::regex_search(decoded, link, std::regex("\\|([0-9]+)>"))) << hana;
+  ASSERT_TRUE(std::regex_search(hana, link, std::regex("\\|([0-9]+)>"))) << hana;
   EXPECT_NE(hana.find(sjis(u8"\n  <→はな（鼻）|")), std::string::npos) << "margin of two";
   EXPECT_NE(hana.find("[A121]\n"), std::string::npos);
   EXPECT_EQ(lookup(tree, {link[1].str()}).find(sjis(u8"はな【鼻】\n")), 0u);
@@ -126,25 +125,6 @@ TEST(MkbookRoundTrip, LinksMarginsGaijiMenuAndNotice) {
   const std::string font = lookup(tree, {"-#"});
   EXPECT_NE(font.find("* GAIJI width=16, hight=16, code=A121-, 1 chars"), std::string::npos) << font;
   EXPECT_NE(font.find("\n*A121\t\nO       \n"), std::string::npos) << font;
-}
-
-TEST(MkbookRoundTrip, ElectronicBookWithATreeOfSeveralBranchLevels) {
-  // Keys of 240 bytes: eight to a leaf and eight to a branch page, so 100
-  // entries stand three levels deep.
-  std::u8string source = u8"@book LONG 長い見出し\n";
-  const auto key = [](int i) { return std::string(117, 'k') + std::to_string(100 + i); };
-  for (int i = 0; i < 100; ++i) {
-    const std::string lines = "@entry e" + std::to_string(100 + i) + "\n@alpha " + key(i) + "\n";
-    source += std::u8string(lines.begin(), lines.end()) + u8"本文。\n";
-  }
-  const fs::path tree = build(source, "levels", BookType::kElectronicBook);
-  EXPECT_TRUE(fs::exists(tree / "catalog"));
-  EXPECT_TRUE(fs::exists(tree / "LONG" / "start"));
-  for (int i : {0, 7, 8, 63, 64, 99}) {
-    const std::string found = lookup(tree, {key(i)});
-    EXPECT_EQ(found.find("e" + std::to_string(100 + i) + "\n"), 0u) << i << found;
-  }
-  EXPECT_EQ(lookup(tree, {std::string(117, 'k')}).find(sjis(u8"<項目一覧>\n")), 0u);
 }
 
 }  // namespace
