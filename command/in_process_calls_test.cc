@@ -1,14 +1,10 @@
 // The application's calls: what they give back when there is nothing to
-// read or the paths do not fit, and where engine_output's text goes.
+// read or the paths do not fit, and which leave book files open.
 // (The capture's size rules are tested with the catalogs.)
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <sstream>
 
 #include "command/engine.h"
 #include "engine/engine_state.h"
@@ -46,28 +42,6 @@ TEST_F(InProcessCalls, CatalogGivesOneWithoutTitles) {
   EXPECT_EQ(run.out, "-D" + too_long + ":オプション指定が間違っています\n");
   EXPECT_EQ(capture_engine([&] { EXPECT_EQ(engine_has_forward_index(empty.c_str(), 1234567), 0); }).out,
             "-B1234567:オプション指定が間違っています\n");
-}
-
-TEST_F(InProcessCalls, OutputAppendsToTheFileAndClosesIt) {
-  const std::filesystem::path dir = fresh_directory("engine_output");
-  const std::string file = (dir / "work.dat").string();
-  std::ofstream(file) << "old\n";
-  EngineRun run = capture_engine([&] { engine_output(dir.c_str(), 0, file.c_str(), "-A"); });
-  const std::string written = ReadWholeFile(file);
-  EXPECT_EQ(written.rfind("old\n-D/CDDRIVE = " + dir.string() + "/\n-B/CDBOOK  = 0\n", 0), 0u);
-  EXPECT_EQ(run.out, "");
-  EXPECT_EQ(engine.output, engine.std_out) << "the file is closed when the call returns";
-
-  // "--" reads standard input, which is at its end: one prompt.
-  run = capture_engine([&] { engine_output(dir.c_str(), 0, file.c_str(), "--"); });
-  EXPECT_EQ(run.out, "\nTOMEVIEW> ");
-  EXPECT_EQ(ReadWholeFile(file), written);
-
-  // When "-o" fails, the text of the run comes to standard output.
-  engine.host_errno = 0;
-  run = capture_engine([&] { engine_output(dir.c_str(), 0, "/no/such/dir/work.dat", "-A"); });
-  EXPECT_EQ(run.err, "/no/such/dir/work.dat: No error\n");
-  EXPECT_EQ(run.out.rfind("-D/CDDRIVE = ", 0), 0u);
 }
 
 // engine_output keeps the book's files open for the next lookup, which
