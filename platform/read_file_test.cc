@@ -24,10 +24,9 @@ TEST(ReadToEnd, ReadsEveryByteFromWhereTheStreamStands) {
   std::fseek(file, 4, SEEK_SET);
   EXPECT_EQ(ReadToEnd(file).size(), 6u);
   std::fclose(file);
-}
 
-TEST(ReadToEnd, StopsSoonAfterTheLimit) {
-  FILE* file = StreamOf(100000);
+  // A limit: it stops soon after it.
+  file = StreamOf(100000);
   const std::string head = ReadToEnd(file, 20000);
   EXPECT_GT(head.size(), 20000u) << "longer than the limit: too large";
   EXPECT_LT(head.size(), 100000u) << "without reading all of it";

@@ -22,19 +22,6 @@ TEST(WideString, IndexesOutOfRangeClamp) {
   EXPECT_EQ(empty.Find(u'a'), -1);
 }
 
-TEST(WideString, FindFromIndex) {
-  CString text(u"<→12>x<→3>");
-  EXPECT_EQ(text.Find(u"<→"), 0);
-  EXPECT_EQ(text.Find(u"<→", 1), 6);
-  EXPECT_EQ(text.Find(u'>', 6), 9);
-  EXPECT_EQ(text.Find(u">", 10), -1);
-  EXPECT_EQ(text.Find(u'x', -4), 5);
-  EXPECT_EQ(text.Find(CString(), 2), 2);
-  EXPECT_EQ(text.Find(u"", 10), 10);
-  EXPECT_EQ(text.Find(u"", 11), -1);
-  EXPECT_EQ(text.ReverseFind(u'<'), 6);
-}
-
 TEST(WideString, ReplaceRemoveAndTrim) {
   CString text(u"aaa");
   EXPECT_EQ(text.Replace(u"a", u"aa"), 3);  // a replacement is not searched again
@@ -76,10 +63,4 @@ TEST(WideString, NumbersAsTheRuntimeReadsThem) {
   EXPECT_EQ(WideToLong(u"abc"), 0);
   EXPECT_EQ(WideToLong(u"99999999999"), INT32_MAX);
   EXPECT_EQ(WideToLong(u"-2147483648"), INT32_MIN);
-}
-
-TEST(WideString, MultibyteAssignmentConverts) {
-  CString text("\x82\xa0\x8e\xab\x8f\x91 ok");  // あ辞書 ok
-  EXPECT_EQ(text, CString(u"あ辞書 ok"));
-  EXPECT_EQ(text.ToMultiByte(), "\x82\xa0\x8e\xab\x8f\x91 ok");
 }

@@ -95,17 +95,3 @@ TEST(Window, NestedModalLoops) {
   EXPECT_FALSE(DispatchOneMessage());
   EndModalLoop(5);  // no modal run: nothing happens
 }
-
-TEST(Window, InputSourceFeedsAnEmptyQueue) {
-  std::vector<std::string> log;
-  RecordingWindow frame(log, "f");
-  frame.CreateWindowObject();
-  int keys = 0;
-  SetMessageSource([&] {
-    if (keys == 2) return false;
-    return PostMessage(frame.GetSafeHwnd(), WM_VEK_KEY_IN, ++keys, 0);
-  });
-  EXPECT_EQ(RunMessageLoop(), -1);
-  SetMessageSource(nullptr);
-  EXPECT_EQ(log, (std::vector<std::string>{"f:1/0", "f:3024/1", "f:3024/2"}));
-}
