@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 
 #include "engine/engine_state.h"
@@ -25,20 +24,6 @@ TEST(HostPerror, PrintsTheWordOfHostErrno) {
   EXPECT_EQ(perror_text(1000, nullptr), "Unknown error\n");
   EXPECT_EQ(perror_text(-1, nullptr), "Unknown error\n");
   engine.host_errno = 0;
-}
-
-TEST(HostGetenv, OneBufferHoldsTheLastValue) {
-  setenv("HOST_TEST_SHORT", "ab", 1);
-  setenv("HOST_TEST_LONG", std::string(300, 'x').c_str(), 1);
-  unsetenv("HOST_TEST_UNSET");
-  const char* longer = host_getenv("HOST_TEST_LONG");
-  ASSERT_NE(longer, nullptr);
-  EXPECT_EQ(std::string(longer), std::string(300, 'x'));
-  const char* shorter = host_getenv("HOST_TEST_SHORT");
-  EXPECT_EQ(shorter, longer) << "a value that fits reuses the buffer";
-  EXPECT_STREQ(shorter, "ab");
-  EXPECT_EQ(host_getenv("HOST_TEST_UNSET"), nullptr);
-  EXPECT_STREQ(engine.env_value, "ab") << "a missing variable keeps the buffer";
 }
 
 TEST(HostStat, FillsTheRecordOrFailsWith22) {
