@@ -1,5 +1,7 @@
 #include "braille/braille_presenter.h"
 
+#include <algorithm>
+
 BraillePresenter::BraillePresenter(BrailleDisplay& display, CellTranslator translate,
                                    FILE* notices)
     : display_(display), translate_(std::move(translate)), notices_(notices) {}
@@ -37,10 +39,12 @@ bool BraillePresenter::Reconnect() {
   return connected_;
 }
 
-int BraillePresenter::CellsBefore(int units) const {
-  if (units <= 0) return 0;
-  if (units >= line_.GetLength()) return static_cast<int>(cells_.size());
-  return static_cast<int>(translate_(std::u16string_view(line_.Units()).substr(0, units)).size());
+int BraillePresenter::CellOf(int position) const {
+  if (position >= line_.GetLength()) return static_cast<int>(cells_.size());
+  // The last unit at or before `position` that has cells, and its first.
+  const auto after = std::upper_bound(sources_.begin(), sources_.end(), position);
+  if (after == sources_.begin()) return 0;
+  return static_cast<int>(std::lower_bound(sources_.begin(), after, *(after - 1)) - sources_.begin());
 }
 
 void BraillePresenter::Refresh() {
@@ -53,14 +57,14 @@ void BraillePresenter::Refresh() {
 
 void BraillePresenter::ShowBraille(const CString& line) {
   line_ = line;
-  cells_ = translate_(line_.Units());
+  cells_ = translate_(line_.Units(), sources_);
   cursorCell_ = -1;
   window_ = 0;
   Refresh();
 }
 
 void BraillePresenter::ShowBrailleCursor(int position) {
-  cursorCell_ = CellsBefore(position);
+  cursorCell_ = CellOf(position);
   FollowCursor();
   Refresh();
 }
@@ -92,18 +96,8 @@ bool BraillePresenter::Pan(int direction) {
 
 int BraillePresenter::UnitAt(int cell) const {
   const int target = window_ + cell;
-  // The cells grow with the units: the first unit whose cells reach past
-  // the target cell.
-  int low = 0, high = line_.GetLength();
-  while (low < high) {
-    const int middle = low + (high - low) / 2;
-    if (CellsBefore(middle + 1) > target) {
-      high = middle;
-    } else {
-      low = middle + 1;
-    }
-  }
-  return low;
+  if (cell < 0 || target >= static_cast<int>(sources_.size())) return line_.GetLength();
+  return sources_[static_cast<size_t>(target)];
 }
 
 void BraillePresenter::Release() {

@@ -1,10 +1,10 @@
 // The Braille line on a real display. Each line the controls show is
-// translated to kana Braille cells (the translator, reading/reading.h's
-// BrailleCells in the program) and written to the display, a window of its
-// width at a time: a line longer than the display is read by panning the
-// window along it, and the window goes where the edit field's cursor is.
-// Cursor-routing keys name a cell of the window; UnitAt gives the
-// character of the line under it, for the edit control.
+// translated once to kana Braille cells (the translator, reading/reading.h's
+// BrailleCellsWithSources in the program) and written to the display, a
+// window of its width at a time: a line longer than the display is read by
+// panning the window along it, and the window goes where the edit field's
+// cursor is. Cursor-routing keys name a cell of the window; UnitAt gives
+// the character of the line that cell comes from, for the edit control.
 //
 // Without a display (BRLTTY not running) or once it is lost, the presenter
 // does nothing, and the terminal alone shows the line; that is told once,
@@ -20,12 +20,15 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "braille/braille_display.h"
 #include "controls/presenter.h"
 
-// Text to Unicode Braille cells, one unit a cell.
-using CellTranslator = std::function<std::u16string(std::u16string_view text)>;
+// Text to Unicode Braille cells, with in `sources` the unit of the text that
+// each cell comes from (never falling from one cell to the next).
+using CellTranslator =
+    std::function<std::u16string(std::u16string_view text, std::vector<int>& sources)>;
 
 class BraillePresenter : public Presenter {
  public:
@@ -56,8 +59,8 @@ class BraillePresenter : public Presenter {
   bool ReadKey(uint64_t& key);
   // Moves the window a width back (-1) or on (+1); false at the line's end.
   bool Pan(int direction);
-  // The unit of the line under cell `cell` of the window: the first unit
-  // whose cells reach past it, or the line's length behind its end.
+  // The unit of the line that cell `cell` of the window comes from, or the
+  // line's length behind its end.
   int UnitAt(int cell) const;
   // The cells of the line and the first one in the window, for the tests.
   const std::u16string& Cells() const { return cells_; }
@@ -69,8 +72,10 @@ class BraillePresenter : public Presenter {
   void Retake();
 
  private:
-  // Cells that the first `units` units of the line make.
-  int CellsBefore(int units) const;
+  // The first cell of the character at unit `position` of the line (of
+  // the word, where the character has no cells of its own); behind the
+  // last cell at the line's end.
+  int CellOf(int position) const;
   // Puts the window where the cursor is, at the start without one.
   void FollowCursor();
   void Refresh();
@@ -83,6 +88,7 @@ class BraillePresenter : public Presenter {
   bool connected_ = false;   // the display is open and ours
   CString line_;             // the line shown
   std::u16string cells_;     // its cells
+  std::vector<int> sources_;  // the unit of line_ each cell comes from
   int cursorCell_ = -1;      // the cell of the cursor in cells_, -1 none
   int window_ = 0;           // the first cell of cells_ in the window
 };

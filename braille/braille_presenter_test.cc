@@ -14,15 +14,16 @@
 
 namespace {
 
-// A translation where a kanji makes two cells and anything else one.
-std::u16string Cells(std::u16string_view text) {
+// A translation where a word of kanji makes two cells, both from its first
+// kanji, and anything else one cell.
+std::u16string Cells(std::u16string_view text, std::vector<int>& sources) {
   std::u16string cells;
-  for (char16_t unit : text) {
-    if (unit >= 0x4E00) {
-      cells += u"⠓⠁";
-    } else {
-      cells += static_cast<char16_t>(0x2800 + (unit & 0x3F));
-    }
+  sources.clear();
+  for (size_t at = 0; at < text.size(); ++at) {
+    const bool kanji = text[at] >= 0x4E00;
+    if (kanji && at > 0 && text[at - 1] >= 0x4E00) continue;
+    cells += kanji ? std::u16string(u"⠓⠁") : std::u16string(1, 0x2800 + (text[at] & 0x3F));
+    sources.resize(cells.size(), static_cast<int>(at));
   }
   return cells;
 }
@@ -71,6 +72,17 @@ TEST(BraillePresenterTest, RoutingKeysNameTheUnitUnderTheCell) {
   EXPECT_EQ(braille.UnitAt(0), 3);
   EXPECT_EQ(braille.UnitAt(3), 6);
   EXPECT_EQ(braille.UnitAt(39), 7);  // behind the end
+
+  // Within a word whose cells all come from its first character, the
+  // cursor is on the word's first cell.
+  braille.ShowBraille(u"AB語彙C");
+  braille.ShowBrailleCursor(3);
+  EXPECT_EQ(display.cursors.back(), 2);
+  braille.ShowBrailleCursor(4);
+  EXPECT_EQ(display.cursors.back(), 0);  // in the second window
+  EXPECT_EQ(braille.UnitAt(0), 4);
+  braille.ShowBrailleCursor(0);
+  EXPECT_EQ(braille.UnitAt(3), 2);
 }
 
 TEST(BraillePresenterTest, WithoutADisplayOrOnceItIsLostItSaysSoOnceAndGoesOn) {

@@ -203,7 +203,7 @@ int main(int argc, char** argv) {
   const bool interactive = options.keys.empty();
   ConsoleLines lines(console, transcriptFile, options.console, interactive);
   BrlapiDisplay display;
-  BraillePresenter braille(display, BrailleCells, stderr);
+  BraillePresenter braille(display, BrailleCellsWithSources, stderr);
   if (options.braille == "brlapi" || (options.braille.empty() && interactive)) braille.Start();
   PresenterPair onDisplay(lines.presenter(), braille);
   Presenter& shown = onDisplay;

@@ -85,7 +85,7 @@ char16_t KanaCell(char16_t kana) {
 
 class CellWriter {
  public:
-  explicit CellWriter(std::u16string_view text) : text_(text) {}
+  CellWriter(std::u16string_view text, std::vector<int>* sources) : text_(text), sources_(sources) {}
 
   std::u16string Write() {
     while (at_ < text_.size()) Next();
@@ -99,6 +99,7 @@ class CellWriter {
     const char16_t ch = text_[at_];
     if (IsBlank(ch) || ch == kBlank) {
       blanks_ = std::max(blanks_, 1);
+      if (blankSource_ < 0) blankSource_ = static_cast<int>(at_);
       fromPunctuation_ = false;
       after_ = After::kOther;
       ++at_;
@@ -121,9 +122,9 @@ class CellWriter {
       const char16_t ch = text_[at_];
       const bool digitNext = at_ + 1 < text_.size() && IsDigit(text_[at_ + 1]);
       if (IsDigit(ch)) {
-        out_ += kDigitCells[ch - u'0'];
+        Add(std::u16string_view(&kDigitCells[ch - u'0'], 1), at_);
       } else if ((ch == u',' || ch == u'.') && digitNext) {
-        out_ += ch == u',' ? u'⠄' : u'⠂';
+        Add(ch == u',' ? u"⠄" : u"⠂", at_);
       } else {
         break;
       }
@@ -138,11 +139,11 @@ class CellWriter {
     while (end < text_.size() && IsLetter(text_[end])) allCapitals &= IsUpper(text_[end++]);
     Put(u"⠰");
     const bool capitalWord = allCapitals && end - at_ > 1;
-    if (capitalWord) out_ += u"⠠⠠";
+    if (capitalWord) Add(u"⠠⠠", at_);
     for (; at_ < end; ++at_) {
       const char16_t ch = text_[at_];
-      if (IsUpper(ch) && !capitalWord) out_ += u'⠠';
-      out_ += kLetterCells[IsUpper(ch) ? ch - u'A' : ch - u'a'];
+      if (IsUpper(ch) && !capitalWord) Add(u"⠠", at_);
+      Add(std::u16string_view(&kLetterCells[IsUpper(ch) ? ch - u'A' : ch - u'a'], 1), at_);
     }
     after_ = After::kLatin;
   }
@@ -203,7 +204,7 @@ class CellWriter {
   }
 
   void Symbol(char16_t ch) {
-    ++at_;
+    source_ = at_++;
     after_ = After::kOther;
     if (IsCell(ch)) {
       Put(std::u16string(1, ch));
@@ -223,22 +224,40 @@ class CellWriter {
     Put(std::u16string(1, kUnknown));
   }
 
-  // Appends cells behind the blanks asked for, none at the start.
+  // Appends cells that come from the unit at `source_` (or at_ when it is
+  // unset), behind the blanks asked for, none at the start.
   void Put(std::u16string_view cells) {
-    if (!out_.empty()) out_.append(blanks_, kBlank);
-    out_ += cells;
+    const size_t source = source_ != kUnset ? source_ : at_;
+    if (!out_.empty())
+      Add(std::u16string(blanks_, kBlank), blankSource_ >= 0 ? blankSource_ : source);
+    Add(cells, source);
     blanks_ = 0;
+    blankSource_ = -1;
+    source_ = kUnset;
     fromPunctuation_ = false;
   }
 
+  void Add(std::u16string_view cells, size_t source) {
+    out_ += cells;
+    if (sources_ != nullptr) sources_->resize(out_.size(), static_cast<int>(source));
+  }
+
+  static constexpr size_t kUnset = ~size_t{0};
+
   std::u16string_view text_;
+  std::vector<int>* sources_;     // the source of each cell, when asked for
   size_t at_ = 0;                 // next unit of text_
+  size_t source_ = kUnset;        // where the cells put next come from, when not at_
   std::u16string out_;            // cells so far
   int blanks_ = 0;                // blanks to put before the next cell
+  int blankSource_ = -1;          // the text's blank they stand for, -1 none
   bool fromPunctuation_ = false;  // blanks_ was asked for by punctuation
   After after_ = After::kOther;   // what the last cells wrote
 };
 
 }  // namespace
 
-std::u16string KanaToCells(std::u16string_view text) { return CellWriter(text).Write(); }
+std::u16string KanaToCells(std::u16string_view text, std::vector<int>* sources) {
+  if (sources != nullptr) sources->clear();
+  return CellWriter(text, sources).Write();
+}

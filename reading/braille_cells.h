@@ -16,8 +16,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Unicode Braille patterns (U+2800..U+28FF), U+2800 being the blank cell.
-std::u16string KanaToCells(std::u16string_view text);
+// With `sources`, for each cell the unit of `text` it comes from: the
+// signs of a kana, digit or letter come from it, every cell of a kana
+// written with a second one (キャ, ティ) from the first, a blank from the
+// blank of the text it stands for, or else (punctuation's) from what
+// follows it. The sources never fall from one cell to the next.
+std::u16string KanaToCells(std::u16string_view text, std::vector<int>* sources = nullptr);
 
 #endif  // READING_BRAILLE_CELLS_H_

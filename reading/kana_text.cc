@@ -43,10 +43,11 @@ std::u16string ToKatakana(std::u16string_view text) {
   return out;
 }
 
-std::u16string NormalizeWidth(std::u16string_view text) {
+std::u16string NormalizeWidth(std::u16string_view text, std::vector<int>* sources) {
   std::u16string out;
   out.reserve(text.size());
   for (size_t i = 0; i < text.size(); ++i) {
+    const int first = static_cast<int>(i);
     char16_t ch = text[i];
     if (CharacterUnits(text, i) == 2) {
       out += ch;
@@ -66,6 +67,7 @@ std::u16string NormalizeWidth(std::u16string_view text) {
     } else {
       out += ch;
     }
+    if (sources != nullptr) sources->resize(out.size(), first);
   }
   return out;
 }

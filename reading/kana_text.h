@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 bool IsHiragana(char16_t ch);
 // Katakana U+30A1..U+30FA and the prolonged sound mark ー.
@@ -24,7 +25,9 @@ std::u16string ToKatakana(std::u16string_view text);
 // Full-width ASCII (Ａ, １, ！...) becomes ASCII, half-width katakana
 // becomes full-width (with its voiced marks joined), the ideographic space
 // and control characters become a blank, a lone surrogate becomes U+FFFD.
-std::u16string NormalizeWidth(std::u16string_view text);
+// With `sources`, the unit of `text` that each unit of the result comes
+// from (a voiced mark joined to its kana adds none).
+std::u16string NormalizeWidth(std::u16string_view text, std::vector<int>* sources = nullptr);
 
 // Morae of a katakana reading: every kana except the small ャュョァィゥェォヮ.
 int CountMorae(std::u16string_view katakana);

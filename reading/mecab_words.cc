@@ -3,6 +3,7 @@
 #include <errno.h>  // program_invocation_short_name
 #include <mecab.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <mutex>
 #include <string>
@@ -92,9 +93,15 @@ bool SplitWords(std::u16string_view line, std::vector<Word>& words) {
   std::lock_guard<std::mutex> lock(tagger.mutex);
   const mecab_node_t* node = mecab_sparse_tonode2(tagger.mecab, utf8.data(), utf8.size());
   if (node == nullptr) return false;
+  // Where the last word ended, in the UTF-8 text and in the line.
+  size_t byte = 0, unit = 0;
   for (; node != nullptr; node = node->next) {
     if (node->stat == MECAB_BOS_NODE || node->stat == MECAB_EOS_NODE) continue;
     words.push_back(ToWord(*node));
+    const size_t at = std::clamp(static_cast<size_t>(node->surface - utf8.data()), byte, utf8.size());
+    words.back().start = unit + Utf16(std::string_view(utf8).substr(byte, at - byte)).size();
+    byte = at + node->length;
+    unit = words.back().start + words.back().surface.size();
   }
   return true;
 }

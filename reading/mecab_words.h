@@ -18,6 +18,7 @@ struct Word {
   std::u16string form;           // the conjugated form (連用形...); "*" for none
   std::u16string base;           // the dictionary form (する for し); "*" when unknown
   bool blankBefore = false;      // whitespace stood in front of it
+  size_t start = 0;              // where it starts in the line, in UTF-16 units
 };
 
 // Appends the words of `line` (which holds no line break) to `words`.

@@ -29,6 +29,7 @@ std::vector<Word> LineWords(std::u16string_view line) {
       Word word;
       word.surface = line.substr(start, end - start);
       word.blankBefore = start > 0;
+      word.start = start;
       words.push_back(std::move(word));
     }
     start = end + 1;
@@ -164,15 +165,41 @@ bool BlankBefore(const std::vector<Word>& words, const std::vector<std::u16strin
   return true;
 }
 
-// Calls `line` for each line of the normalised text.
+// For each unit of the word as Braille writes it, the unit of its surface
+// it comes from: the kana it begins and ends with where they are written
+// as they stand (読み ヨミ: ミ from み), what lies between from the first
+// unit between (a kanji word's reading does not split by character).
+std::vector<int> WrittenSources(const Word& word, std::u16string_view written) {
+  const std::u16string surface = ToKatakana(word.surface);
+  size_t front = 0, back = 0;
+  while (front < written.size() && front < surface.size() && surface[front] == written[front])
+    ++front;
+  while (back < written.size() - front && back < surface.size() - front &&
+         surface[surface.size() - 1 - back] == written[written.size() - 1 - back])
+    ++back;
+  const int between = static_cast<int>(std::min(front, surface.empty() ? 0 : surface.size() - 1));
+  std::vector<int> sources;
+  for (size_t k = 0; k < written.size(); ++k) {
+    if (k < front) {
+      sources.push_back(static_cast<int>(k));
+    } else if (k >= written.size() - back) {
+      sources.push_back(static_cast<int>(surface.size() - (written.size() - k)));
+    } else {
+      sources.push_back(between);
+    }
+  }
+  return sources;
+}
+
+// Calls `line` for each line of the normalised text, with the unit of the
+// normalised text where it starts.
 template <typename LineFunction>
-void ForEachLine(std::u16string_view text, LineFunction line) {
-  const std::u16string normal = NormalizeWidth(text);
+void ForEachLine(const std::u16string& normal, LineFunction line) {
   size_t start = 0;
   while (start <= normal.size()) {
     size_t end = normal.find_first_of(u"\r\n", start);
     if (end == std::u16string::npos) end = normal.size();
-    line(std::u16string_view(normal).substr(start, end - start), start == 0);
+    line(std::u16string_view(normal).substr(start, end - start), start);
     if (end < normal.size() && normal[end] == u'\r' && end + 1 < normal.size() &&
         normal[end + 1] == u'\n')
       ++end;
@@ -180,12 +207,41 @@ void ForEachLine(std::u16string_view text, LineFunction line) {
   }
 }
 
+// BrailleKana, with the unit of `text` that each unit comes from when
+// `sources` is given (a blank between words from the blank before the
+// word, or from the word where none stood).
+std::u16string BrailleKanaFrom(std::u16string_view text, std::vector<int>* sources) {
+  std::vector<int> normalSources;
+  const std::u16string normal = NormalizeWidth(text, sources != nullptr ? &normalSources : nullptr);
+  std::u16string kana;
+  const auto addSource = [&](size_t normalUnit) {
+    sources->push_back(normalSources[std::min(normalUnit, normalSources.size() - 1)]);
+  };
+  ForEachLine(normal, [&](std::u16string_view line, size_t lineStart) {
+    const std::vector<Word> words = LineWords(line);
+    std::vector<std::u16string> written;
+    for (size_t i = 0; i < words.size(); ++i) written.push_back(Written(words, i));
+    for (size_t i = 0; i < words.size(); ++i) {
+      const size_t start = lineStart + words[i].start;
+      if (!kana.empty() && (i == 0 || BlankBefore(words, written, i)) && kana.back() != u' ') {
+        kana += u' ';
+        if (sources != nullptr) addSource(i == 0 || words[i].blankBefore ? start - 1 : start);
+      }
+      kana += written[i];
+      if (sources != nullptr)
+        for (const int from : WrittenSources(words[i], written[i]))
+          addSource(start + static_cast<size_t>(from));
+    }
+  });
+  return kana;
+}
+
 }  // namespace
 
 std::u16string SpeechReading(std::u16string_view text) {
   std::u16string reading;
-  ForEachLine(text, [&](std::u16string_view line, bool first) {
-    if (!first) reading += u'\n';
+  ForEachLine(NormalizeWidth(text), [&](std::u16string_view line, size_t start) {
+    if (start > 0) reading += u'\n';
     const std::vector<Word> words = LineWords(line);
     for (size_t i = 0; i < words.size(); ++i) {
       if (words[i].blankBefore && i > 0) reading += u' ';
@@ -195,19 +251,14 @@ std::u16string SpeechReading(std::u16string_view text) {
   return reading;
 }
 
-std::u16string BrailleKana(std::u16string_view text) {
-  std::u16string kana;
-  ForEachLine(text, [&](std::u16string_view line, bool) {
-    const std::vector<Word> words = LineWords(line);
-    std::vector<std::u16string> written;
-    for (size_t i = 0; i < words.size(); ++i) written.push_back(Written(words, i));
-    for (size_t i = 0; i < words.size(); ++i) {
-      if (!kana.empty() && (i == 0 || BlankBefore(words, written, i)) && kana.back() != u' ')
-        kana += u' ';
-      kana += written[i];
-    }
-  });
-  return kana;
-}
+std::u16string BrailleKana(std::u16string_view text) { return BrailleKanaFrom(text, nullptr); }
 
 std::u16string BrailleCells(std::u16string_view text) { return KanaToCells(BrailleKana(text)); }
+
+std::u16string BrailleCellsWithSources(std::u16string_view text, std::vector<int>& sources) {
+  std::vector<int> kanaSources, cellSources;
+  const std::u16string cells = KanaToCells(BrailleKanaFrom(text, &kanaSources), &cellSources);
+  sources.clear();
+  for (const int from : cellSources) sources.push_back(kanaSources[static_cast<size_t>(from)]);
+  return cells;
+}

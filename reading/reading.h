@@ -12,6 +12,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The katakana pronunciation for speech: 私は学校へ → ワタシワガッコーエ.
 // Digits, Latin letters and symbols stay as written (full-width ones in
@@ -27,5 +28,13 @@ std::u16string BrailleKana(std::u16string_view text);
 // BrailleKana in six-dot Japanese Braille, as Unicode Braille patterns
 // U+2800..U+28FF, U+2800 the blank (see braille_cells.h).
 std::u16string BrailleCells(std::u16string_view text);
+
+// BrailleCells with, in `sources`, the unit of `text` that each cell comes
+// from, from a single translation of the whole text: the cells of a word
+// from its characters (a kanji word's reading, which does not split by
+// character, from its first; kana written beside it from themselves), a
+// blank between words from the blank before the word, or the word where
+// none stood. The sources never fall from one cell to the next.
+std::u16string BrailleCellsWithSources(std::u16string_view text, std::vector<int>& sources);
 
 #endif  // READING_READING_H_

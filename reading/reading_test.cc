@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "platform/utf8_text.h"
 #include "reading/kana_text.h"
@@ -66,6 +67,38 @@ const Case kCases[] = {
 TEST(BrailleCellsTest, WordsAndPhrasesOfTheTable) {
   for (const Case& c : kCases)
     EXPECT_EQ(Utf8(BrailleCells(Utf16(c.text))), c.cells) << c.text;
+}
+
+// The character each cell comes from, for cursor routing: from one
+// translation of the whole line, which MeCab may read otherwise than its
+// beginning alone (小豆 アズキ, 小豆島 ショードシマ; 一人 イチニン,
+// 一人暮らし ヒトリグラシ; 日本 ニッポン, 日本橋 ニホンバシ).
+TEST(BrailleCellsTest, EachCellKnowsTheCharacterItComesFrom) {
+  const struct {
+    const char16_t* text;
+    std::vector<int> sources;  // one a cell
+  } cases[] = {
+      {u"小豆島", {0, 0, 0, 0, 0, 0, 0}},
+      {u"一人暮らし", {0, 0, 0, 0, 0, 3, 4}},
+      {u"日本橋に", {0, 0, 0, 0, 0, 0, 3}},
+      {u"今日は 晴れ", {0, 0, 0, 2, 3, 4, 5}},
+      {u"ｶﾞｽ 12。A", {0, 0, 2, 3, 4, 4, 5, 6, 7, 7, 7, 7, 7}},
+      {u"Tシャツ", {0, 0, 0, 1, 1, 1, 3}},
+  };
+  for (const auto& c : cases) {
+    std::vector<int> sources;
+    EXPECT_EQ(BrailleCellsWithSources(c.text, sources), BrailleCells(c.text));
+    EXPECT_EQ(sources, c.sources) << Utf8(c.text);
+  }
+  // Every line of the table: a source for each cell, never falling.
+  for (const Case& c : kCases) {
+    const std::u16string text = Utf16(c.text);
+    std::vector<int> sources;
+    const std::u16string cells = BrailleCellsWithSources(text, sources);
+    EXPECT_EQ(cells.size(), sources.size());
+    EXPECT_TRUE(std::is_sorted(sources.begin(), sources.end())) << c.text;
+    EXPECT_TRUE(sources.empty() || (sources[0] >= 0 && sources.back() < int(text.size()))) << c.text;
+  }
 }
 
 TEST(SpeechReadingTest, KanjiReadAsSpokenWithParticlesAsSaid) {

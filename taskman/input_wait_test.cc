@@ -23,7 +23,9 @@
 namespace {
 
 // One cell a unit.
-std::u16string Cells(std::u16string_view text) {
+std::u16string Cells(std::u16string_view text, std::vector<int>& sources) {
+  sources.resize(text.size());
+  for (size_t at = 0; at < text.size(); ++at) sources[at] = static_cast<int>(at);
   return std::u16string(text.size(), u'\u2801');
 }
 
