@@ -5,6 +5,14 @@
 // when it runs on none, and asks for keys as BRLTTY's commands. Cells typed
 // on the display's Braille keyboard come as cells (BRLAPI_KEY_CMD_PASSDOTS),
 // also where BRLTTY has made characters of them through its text table.
+//
+// BrlAPI cannot tell such a character from one typed on a keyboard that
+// BRLTTY reads (a PC keyboard, a display's typewriter keys): BRLTTY 6.5
+// hands both over as the same keyboard symbol, with no flag, and sends
+// typed cells as characters even though the parameter asking for dots
+// (BRLAPI_PARAM_RETAIN_DOTS) reads back as set. So every character that
+// the text table has a cell for is taken as that cell typed; only the
+// others come through as characters.
 #ifndef BRAILLE_BRLAPI_DISPLAY_H_
 #define BRAILLE_BRLAPI_DISPLAY_H_
 
