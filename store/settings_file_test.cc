@@ -109,19 +109,6 @@ TEST_F(SettingsFileTest, RegistrationsComeBackExactly) {
   EXPECT_EQ(options_.linkVisible, 1);
 }
 
-TEST_F(SettingsFileTest, FileOfTheDevicesStoreStillLoads) {
-  // Blank-free values, CR LF line ends, blanks in a header and a key, and
-  // keys of a deleted entry behind LIST_SIZE.
-  WriteFile("[OPTION_SETTING]\r\nGAIJI_REPLACE=0\r\nLINK_VISIBLE=1\r\n[ DICT_LIST ]\r\n"
-            "LIST_SIZE = 1\r\nTITLE_0000=\x8d\x4c\x8e\xab\x89\x91\r\n"
-            "PATH_0000=\\SD\\epwing\\koji\r\n"
-            "BOOKNUM_0000=2\r\nTITLE_0001=gone\r\n");
-  list_ = Load();
-  EXPECT_EQ(options_.gaijiReplace, 0);
-  EXPECT_EQ(options_.linkVisible, 1);
-  EXPECT_TRUE(SameEntries(list_, {{u"広辞苑", u"\\SD\\epwing\\koji", 2}}));
-}
-
 // A file cut short beside a whole backup: the backup is taken back, said,
 // and kept by the close. (Which backups are taken back: the store's
 // tests.) A file cut at a line's end is cut too: LIST_SIZE promises

@@ -80,29 +80,22 @@ TEST_F(SettingsKillTest, EveryKilledCloseLeavesTheOldOrTheNewSettings) {
 
   std::mt19937 random(20261123);
   std::uniform_int_distribution<int64_t> delay(0, span.count() * 3 / 2 + 1000);
-  int generation = 0, passed = 0, killedDuring = 0;
+  int generation = 0, killedDuring = 0;
   testing::internal::CaptureStderr();  // a start that takes the backup back says so
   for (int kill = 0; kill < kKills; ++kill) {
     killedDuring += KilledSave(generation + 1, std::chrono::microseconds(delay(random)));
     if (Holds(generation + 1)) {
       ++generation;
-      ++passed;
-    } else if (Holds(generation)) {
-      ++passed;
-    } else {
+    } else if (!Holds(generation)) {
       ADD_FAILURE() << "kill " << kill << " left neither generation " << generation << " nor "
                     << generation + 1;
       break;
     }
   }
-  const std::string said = testing::internal::GetCapturedStderr();
-  EXPECT_EQ(passed, kKills);
-  size_t takenBack = 0;
-  for (size_t at = 0; (at = said.find("taken back", at)) != std::string::npos; ++at) ++takenBack;
-  std::printf("%d of %d kills passed: %d fell within a save (%lld us each), %d saves finished, "
-              "%zu starts took the backup back\n",
-              passed, kKills, killedDuring, static_cast<long long>(span.count()), generation,
-              takenBack);
+  testing::internal::GetCapturedStderr();
+  // Whether the kills fell where they matter.
+  std::printf("%d of %d kills fell within a save (%lld us each); %d saves finished\n",
+              killedDuring, kKills, static_cast<long long>(span.count()), generation);
 }
 
 }  // namespace
