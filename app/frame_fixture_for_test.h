@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -56,6 +57,14 @@ class FrameTest : public ::testing::Test {
     }
   }
   CMainFrame& frame() { return *app.frame; }
+  // Hands `keys` to the frame one by one, as the task manager does.
+  void Keys(std::initializer_list<uint32_t> keys) {
+    for (uint32_t key : keys) frame().OnBrailleKeyMessage(key, 0);
+  }
+  // Whether the frame made `call` on a control since the log was cleared.
+  bool Logged(const std::string& call) const {
+    return std::find(log.begin(), log.end(), call) != log.end();
+  }
   // The books the reader asks.
   virtual Books& ReaderBooks() { return engineBooks; }
   std::string Transcript() {

@@ -5,14 +5,6 @@
 #include "app/frame_fixture_for_test.h"
 #include "app/main_menu.h"
 
-namespace {
-
-bool Logged(const CallLog& log, const std::string& call) {
-  return std::find(log.begin(), log.end(), call) != log.end();
-}
-
-}  // namespace
-
 TEST_F(FakeBooksFrameTest, LookupScreenRingsWrapBothWays) {
   Start();
   CMainFrame& f = frame();
@@ -26,12 +18,12 @@ TEST_F(FakeBooksFrameTest, LookupScreenRingsWrapBothWays) {
     f.screen = screen;
     f.screenFocus[screen] = ring[0];
     for (size_t i = 1; i <= n; ++i) {
-      f.HandleScreenKey(KEY_NEXT_CTRL, 0);
+      Keys({KEY_NEXT_CTRL});
       EXPECT_EQ(f.focus, ring[i % n]) << "screen " << screen;
       EXPECT_EQ(f.screenFocus[screen], f.focus);
     }
     for (size_t i = 1; i <= n; ++i) {
-      f.HandleScreenKey(KEY_PREV_CTRL, 0);
+      Keys({KEY_PREV_CTRL});
       EXPECT_EQ(f.focus, ring[(n - i) % n]) << "screen " << screen;
     }
   }
@@ -44,24 +36,24 @@ TEST_F(FakeBooksFrameTest, LookupScreenRingsWrapBothWays) {
 TEST_F(FakeBooksFrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTheFolderHasGone) {
   Start();
   CMainFrame& f = frame();
-  f.HandleScreenKey(CK_ENTER, 0);  // on the dictionary list: nothing, not passed on
+  Keys({CK_ENTER});  // on the dictionary list: nothing, not passed on
   EXPECT_TRUE(log.empty());
 
   f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
   f.editCtrl->SetText(u"はな", 0);
-  f.HandleScreenKey(CK_ENTER, 0);  // no dictionary at all
+  Keys({CK_ENTER});  // no dictionary at all
   EXPECT_EQ(f.searchWord, CString(u"はな"));
   f.DictionaryList.push_back({u"gone", u"\\SD\\gone", 0});
   f.editCtrl->SetText(u"", 0);
-  f.HandleScreenKey(CK_ENTER, 0);  // no word
+  Keys({CK_ENTER});  // no word
   EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\nBEEP 32\n");
-  EXPECT_FALSE(Logged(log, "edit.PlayTts(検索開始)"));
+  EXPECT_FALSE(Logged("edit.PlayTts(検索開始)"));
 
   // A word of blanks is a word: it reaches the lookup, which finds no book.
   log.clear();
   f.ArticleList = {{u"古い", u"記事"}};
   f.editCtrl->SetText(u"  ", 0);
-  f.HandleScreenKey(CK_ENTER, 0);
+  Keys({CK_ENTER});
   const auto said = std::find(log.begin(), log.end(), "edit.PlayTts(検索開始)");
   EXPECT_NE(std::find(said, log.end(), "edit.PlayTts(辞書が見つかりませんでした)"), log.end());
   EXPECT_EQ(log.back(), "edit.SetFocus(検索ワード:,1)");
@@ -70,7 +62,7 @@ TEST_F(FakeBooksFrameTest, SearchScreenBeepsWithoutWordOrDictionaryAndSaysWhenTh
 
   // The manage button opens the dictionary screen on its list.
   f.screenFocus[SCREEN_SEARCH] = FOCUS_BTN_MANAGE;
-  f.HandleScreenKey(CK_ENTER, 0);
+  Keys({CK_ENTER});
   EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
   EXPECT_EQ(f.screenFocus[SCREEN_DICTIONARIES], FOCUS_DICT_LIST);
 }
@@ -85,23 +77,23 @@ TEST_F(FakeBooksFrameTest, ResultScreenRefusesWhatIsNotThereAndSaysAGoneDictiona
   f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_OPEN;
 
   // No article: the button again, no beep. No candidate: a beep.
-  f.HandleScreenKey(CK_ENTER, 0);
+  Keys({CK_ENTER});
   EXPECT_EQ(log, CallLog{"openButton.DisplayItem(1)"});
   f.screenFocus[SCREEN_RESULTS] = FOCUS_BTN_SEARCH;
-  f.HandleScreenKey(CK_ENTER, 0);
+  Keys({CK_ENTER});
   EXPECT_EQ(Transcript(), "STARTED\nBEEP 32\n");
 
   // A candidate in a dictionary that has gone: said, the screen stays
   // with both lists empty, the word untouched.
   f.searchWord = u"いぬ";
   f.CandidateList = {{u"いぬ【犬】", u"いぬ"}};
-  f.HandleScreenKey(CK_ENTER, 0);
-  EXPECT_TRUE(Logged(log, "edit.PlayTts(辞書が見つかりませんでした)"));
+  Keys({CK_ENTER});
+  EXPECT_TRUE(Logged("edit.PlayTts(辞書が見つかりませんでした)"));
   EXPECT_EQ(f.screen, SCREEN_RESULTS);
   EXPECT_TRUE(f.CandidateList.empty());
   EXPECT_EQ(f.searchWord, CString(u"いぬ"));
 
-  f.HandleScreenKey(CK_EXIT, 0);  // back to the focus the search screen had
+  Keys({CK_EXIT});  // back to the focus the search screen had
   EXPECT_EQ(f.screen, SCREEN_SEARCH);
   EXPECT_EQ(f.focus, FOCUS_BTN_SEARCH);
 }
@@ -112,12 +104,9 @@ TEST_F(FakeBooksFrameTest, MenuEntriesFollowTheScreenAndTheirKeysChoose) {
   frame().menuCtrl = std::make_unique<CVekMenuCtrl>();
   Start();
   CMainFrame& f = frame();
-  auto keys = [&f](std::initializer_list<uint32_t> pressed) {
-    for (uint32_t key : pressed) f.OnBrailleKeyMessage(key, 0);
-  };
-  keys({KEY_MENU, 72, 44});  // no way back to the search screen from itself
+  Keys({KEY_MENU, 72, 44});  // no way back to the search screen from itself
   EXPECT_EQ(f.routingMode, MODE_MENU);
-  keys({CK_EXIT});
+  Keys({CK_EXIT});
   EXPECT_EQ(f.routingMode, MODE_SCREEN);
 
   // Over the article: no way to the dictionaries; closing with CK_BACK
@@ -125,37 +114,37 @@ TEST_F(FakeBooksFrameTest, MenuEntriesFollowTheScreenAndTheirKeysChoose) {
   f.screen = SCREEN_ARTICLE;
   f.screenFocus[SCREEN_ARTICLE] = FOCUS_EDIT_ARTICLE;
   f.articleText = u"本文";
-  keys({KEY_MENU, 72, 104});
+  Keys({KEY_MENU, 72, 104});
   EXPECT_EQ(f.routingMode, MODE_MENU);
   log.clear();
-  keys({CK_BACK});
-  EXPECT_TRUE(Logged(log, "edit.SetText(本文,0)"));
+  Keys({CK_BACK});
+  EXPECT_TRUE(Logged("edit.SetText(本文,0)"));
   EXPECT_EQ(f.screen, SCREEN_ARTICLE);
 
   // MENU_TO_SEARCH lands on the dictionary list, whatever was remembered.
   f.screenFocus[SCREEN_SEARCH] = FOCUS_BTN_CLOSE;
-  keys({KEY_MENU, 72, 44});
+  Keys({KEY_MENU, 72, 44});
   EXPECT_EQ(f.screen, SCREEN_SEARCH);
   EXPECT_EQ(f.focus, FOCUS_DICT_LIST);
   EXPECT_EQ(f.screenFocus[SCREEN_SEARCH], FOCUS_DICT_LIST);
 
   // MENU_TO_SETTINGS renders the settings screen once.
   log.clear();
-  keys({KEY_MENU, 74, 74});
+  Keys({KEY_MENU, 74, 74});
   EXPECT_EQ(f.screen, SCREEN_SETTINGS);
   EXPECT_EQ(f.returnScreen, SCREEN_SEARCH);
   EXPECT_EQ(std::count(log.begin(), log.end(), "list.SetLabel(外字の置換:)"), 1);
 
   f.screen = SCREEN_SEARCH;
-  keys({KEY_MENU, 72, 104});
+  Keys({KEY_MENU, 72, 104});
   EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
 
   // MENU_CLOSE posts WM_CLOSE and renders nothing.
   f.screen = SCREEN_RESULTS;
   f.screenFocus[SCREEN_RESULTS] = FOCUS_RESULT_LIST;
-  keys({KEY_MENU, 44});
+  Keys({KEY_MENU, 44});
   log.clear();
-  keys({202});
+  Keys({202});
   EXPECT_TRUE(log.empty());
   Drain();
   EXPECT_TRUE(taskManager.AppEnded());
@@ -172,8 +161,8 @@ TEST_F(FakeBooksFrameTest, AStoppedLookupIsSaidAndShowsWhatCame) {
   CMainFrame& f = frame();
   f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
   f.editCtrl->SetText(u"あ", 0);
-  f.HandleScreenKey(CK_ENTER, 0);
-  EXPECT_TRUE(Logged(log, "edit.PlayTts(検索を途中で打ち切りました)"));
+  Keys({CK_ENTER});
+  EXPECT_TRUE(Logged("edit.PlayTts(検索を途中で打ち切りました)"));
   EXPECT_EQ(f.screen, SCREEN_RESULTS);
   EXPECT_EQ(f.ArticleList.size(), 1u);
 }

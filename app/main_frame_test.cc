@@ -71,10 +71,11 @@ TEST_F(FrameTest, EditPopupHoldsEveryKeyUntilItEnds) {
   CMainFrame& f = frame();
   f.screen = SCREEN_SEARCH;
   f.screenFocus[SCREEN_SEARCH] = FOCUS_EDIT_WORD;
-  f.HandleScreenKey(CK_POPUP, 0);
+  Keys({CK_POPUP});
   EXPECT_EQ(f.editPopup, 1);
-  f.HandleScreenKey(KEY_NEXT_CTRL, 0);  // no screen handler: the focus stays
-  f.HandleScreenKey(CK_EXIT, 0);       // closes nothing: the edit control gets 106
+  // No screen handler: the focus stays; CK_EXIT closes nothing, the edit
+  // control gets 106.
+  Keys({KEY_NEXT_CTRL, CK_EXIT});
   EXPECT_EQ(f.editPopup, 0);
   EXPECT_EQ(f.focus, FOCUS_EDIT_WORD);
   EXPECT_EQ(log, (CallLog{"edit.OnBrailleKey(41)", "edit.OnBrailleKey(112)",
@@ -84,10 +85,9 @@ TEST_F(FrameTest, EditPopupHoldsEveryKeyUntilItEnds) {
   f.screen = SCREEN_ARTICLE;
   f.screenFocus[SCREEN_ARTICLE] = FOCUS_EDIT_ARTICLE;
   for (uint32_t ending : {CK_ENTER, CK_YES, CK_POPUP_CLOSE, CK_BACK}) {
-    f.HandleScreenKey(CK_POPUP, 0);
-    f.HandleScreenKey(48, 0);
+    Keys({CK_POPUP, 48});
     EXPECT_EQ(f.editPopup, 1);
-    f.HandleScreenKey(ending, 0);
+    Keys({ending});
     EXPECT_EQ(f.editPopup, 0) << ending;
   }
 }
@@ -95,10 +95,10 @@ TEST_F(FrameTest, EditPopupHoldsEveryKeyUntilItEnds) {
 TEST_F(FrameTest, KeysNoScreenTakesReachTheFocusedControl) {
   Start();
   CMainFrame& f = frame();
-  f.HandleScreenKey(CK_BACK, 0);  // no back key on the first screen
+  Keys({CK_BACK});  // no back key on the first screen
   f.screen = SCREEN_DICTIONARIES;
   f.screenFocus[SCREEN_DICTIONARIES] = FOCUS_BTN_ADD;
-  f.HandleScreenKey(KEY_MENU, 0);  // no menu on screens 3 to 5
+  Keys({KEY_MENU});  // no menu on screens 3 to 5
   f.OnCursorKeyMessage(5, 0);
   EXPECT_EQ(log, (CallLog{"list.OnBrailleKeyProc(88)", "addButton.OnBrailleKeyProc(58)",
                           "addButton.OnCursorKeyProc(5)"}));
@@ -106,9 +106,9 @@ TEST_F(FrameTest, KeysNoScreenTakesReachTheFocusedControl) {
   // The menu and the prompt take every key while open; a close renders.
   log.clear();
   f.routingMode = MODE_MENU;
-  f.OnBrailleKeyMessage(48, 0);
+  Keys({48});
   f.OnCursorKeyMessage(2, 0);
-  f.OnBrailleKeyMessage(CK_BACK, 0);
+  Keys({CK_BACK});
   EXPECT_EQ(f.routingMode, MODE_SCREEN);
   f.routingMode = MODE_PROMPT;
   f.OnCursorKeyMessage(1, 0);

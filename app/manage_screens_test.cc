@@ -1,6 +1,5 @@
 // The management and settings screens on recording controls and fake
 // books: what the scripted runs on the demo card can't reach.
-#include <algorithm>
 #include <deque>
 #include <filesystem>
 #include <string>
@@ -12,10 +11,6 @@ namespace {
 
 class ManageScreensTest : public FakeBooksFrameTest {
  protected:
-  void Key(uint32_t key) { frame().OnBrailleKeyMessage(key, 0); }
-  bool Logged(const std::string& call) {
-    return std::find(log.begin(), log.end(), call) != log.end();
-  }
   // "追加" on the dictionary screen, the chooser answered with `folder`.
   void Add(const char16_t* folder) {
     frame().screen = SCREEN_DICTIONARIES;
@@ -88,26 +83,23 @@ TEST_F(ManageScreensTest, AnEditedNameStaysWithItsBookAndBackLeavesTheFieldFirst
   Start();
   OnTwoBooks();
   CMainFrame& f = frame();
-  Key(CK_ENTER);  // the name of the first book
+  Keys({CK_ENTER});  // the name of the first book
   f.editCtrl->SetText(u"私の巻", 0);
-  Key(CK_BACK);  // back to the list: the name is kept
+  Keys({CK_BACK});  // back to the list: the name is kept
   EXPECT_EQ(f.focus, FOCUS_BOOK_LIST);
   EXPECT_EQ(f.BookTitleList[0], CString(u"私の巻"));
-  Key(48);  // the second book, and its name
-  Key(CK_ENTER);
+  Keys({48, CK_ENTER});  // the second book, and its name
   EXPECT_EQ(f.editCtrl->GetText(0), CString(u"二の巻"));
   f.editCtrl->SetText(u"", 0);
-  Key(CK_ENTER);  // an empty name beeps and stays
+  Keys({CK_ENTER});  // an empty name beeps and stays
   EXPECT_NE(Transcript().find("BEEP 32"), std::string::npos);
   EXPECT_EQ(f.focus, FOCUS_EDIT_NAME);
-  Key(KEY_PREV_CTRL);
-  Key(24);  // the first book again: its edited name is there
+  Keys({KEY_PREV_CTRL, 24});  // the first book again: its edited name is there
   log.clear();
-  Key(KEY_NEXT_CTRL);
+  Keys({KEY_NEXT_CTRL});
   EXPECT_TRUE(Logged("edit.SetText(私の巻,0)"));
   const size_t before = f.DictionaryList.size();
-  Key(CK_BACK);  // out of the field, then cancelled
-  Key(CK_BACK);
+  Keys({CK_BACK, CK_BACK});  // out of the field, then cancelled
   EXPECT_TRUE(Logged("edit.PlayTts(キャンセル)"));
   EXPECT_EQ(f.screen, SCREEN_DICTIONARIES);
   EXPECT_EQ(f.DictionaryList.size(), before);
@@ -119,25 +111,22 @@ TEST_F(ManageScreensTest, SettingsStepCopiesBeepAtTheEndsAndReturnWhereTheyCameF
   f.screen = SCREEN_ARTICLE;
   f.screenFocus[SCREEN_ARTICLE] = FOCUS_BTN_CLOSE;
   f.OpenSettingsScreen();
-  Key(CK_PREV);  // the first option: beep, no wrap
+  Keys({CK_PREV});  // the first option: beep, no wrap
   EXPECT_NE(Transcript().find("BEEP 32"), std::string::npos);
   EXPECT_EQ(f.focus, FOCUS_OPT_GAIJI_REPLACE);
-  Key(CK_NEXT_VALUE);  // the copy steps, the field doesn't
+  Keys({CK_NEXT_VALUE});  // the copy steps, the field doesn't
   EXPECT_EQ(f.listState[FOCUS_OPT_GAIJI_REPLACE].selection, 0);
   EXPECT_EQ(f.options.gaijiReplace, 1);
-  Key(CK_NEXT);
-  Key(CK_NEXT);
-  Key(CK_NEXT_VALUE);  // syllables on
-  Key(KEY_NEXT_CTRL);     // to "設定", remembering the syllables
+  // Syllables on, then to "設定", remembering them.
+  Keys({CK_NEXT, CK_NEXT, CK_NEXT_VALUE, KEY_NEXT_CTRL});
   log.clear();
-  Key(CK_NEXT_VALUE);  // goes to the button
+  Keys({CK_NEXT_VALUE});  // goes to the button
   EXPECT_TRUE(Logged("applyButton.OnBrailleKeyProc(16)"));
-  Key(KEY_PREV_CTRL);
+  Keys({KEY_PREV_CTRL});
   EXPECT_EQ(f.focus, FOCUS_OPT_SYLLABLE);
-  Key(CK_PREV);
-  Key(CK_PREV);
+  Keys({CK_PREV, CK_PREV});
   EXPECT_TRUE(Logged("edit.SetText(置換しない,0)"));  // the stepped value is still shown
-  Key(CK_ENTER);  // an option applies all four
+  Keys({CK_ENTER});  // an option applies all four
   EXPECT_EQ(f.options.gaijiReplace, 0);
   EXPECT_EQ(f.options.syllableVisible, 1);
   EXPECT_EQ(f.screen, SCREEN_ARTICLE);
