@@ -13,17 +13,14 @@ using DemoCardRunTest = EpwingdictRunner;
 }  // namespace
 
 TEST_F(DemoCardRunTest, LookupWalkFromWordToArticleToCandidateAndBack) {
-  ASSERT_EQ(Run("48\n24\nKEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"
+  EXPECT_TRUE(HasLinesInOrder(
+      RunScript("48\n24\nKEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"
                 "48\nKEY_ENTER\n48\nKEY_BACK\n"                   // the second article
                 "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n"       // the first candidate
                 "KEY_MENU\n48\nKEY_ENTER\nKEY_ENTER\n"            // MENU_TO_SEARCH
                 "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n"       // the word again, by the button
                 "KEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\n"  // candidate by button
                 "KEY_ENTER\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\nKEY_EXIT\n"),
-            0)
-      << ReadWholeFile(work / "stderr.txt");
-  EXPECT_TRUE(HasLinesInOrder(
-      Transcript(),
       {"STARTED", "BRL 辞書選択:プラス辞典/ことわざ小辞典", "BRL 検索ワード:はな",
        "TTS 検索開始", "BRL 検索結果:はな【花】", "BRL 検索結果:はな【鼻】",
        // The article of 鼻, its second line, and back on its head line.
@@ -46,16 +43,13 @@ TEST_F(DemoCardRunTest, LookupWalkFromWordToArticleToCandidateAndBack) {
 // the position key, the article read on opening and read again on
 // request, and the help. (Where typing goes: the edit control's tests.)
 TEST_F(DemoCardRunTest, ListsAndArticlesBeepAtTheirEndsAndTellThePosition) {
-  ASSERT_EQ(Run("24\nKEY_POSITION\n"                        // the first of one dictionary
+  EXPECT_TRUE(HasLinesInOrder(
+      RunScript("24\nKEY_POSITION\n"                        // the first of one dictionary
                 "KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\n"
                 "48\n48\nKEY_POSITION\n"                   // the last of the articles
                 "24\nKEY_ENTER\n"                          // the first article
                 "24\n48\nKEY_POSITION\n48\n48\n"           // its first, second and last line
                 "KEY_EXIT\nKEY_EXIT\nKEY_EXIT\n"),
-            0)
-      << ReadWholeFile(work / "stderr.txt");
-  EXPECT_TRUE(HasLinesInOrder(
-      Transcript(),
       {"BEEP 32", "BRL 辞書選択:プラス辞典/ことわざ小辞典", "TTS 1/1",
        "BRL 検索結果:はな【鼻】", "BEEP 32", "BRL 検索結果:はな【鼻】", "TTS 2/2",
        // Opening the article reads it out whole, its first line on Braille.
@@ -66,27 +60,23 @@ TEST_F(DemoCardRunTest, ListsAndArticlesBeepAtTheirEndsAndTellThePosition) {
 }
 
 TEST_F(DemoCardRunTest, ReadingGoesOnFromTheCursorAndStopsWhereItGot) {
-  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n"
+  EXPECT_TRUE(HasLinesInOrder(
+      RunScript("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n"
                 "readstop 8\n"               // stopped early in the second line
                 "readall\nreadstop 99\n"     // read from there to the end
                 "KEY_NEXT_CTRL\nreadall\n"   // no text in view: a beep
                 "KEY_EXIT\nKEY_EXIT\nKEY_EXIT\n"),
-            0)
-      << ReadWholeFile(work / "stderr.txt");
-  EXPECT_TRUE(HasLinesInOrder(
-      Transcript(), {"TTS 検索結果:はな【花】 植物が咲かせるもの。桜など。 英語 flower 文末",
-                     "BRL 植物が咲かせるもの。桜など。", "TTS 植物が咲かせるもの。桜など。",
-                     "TTS 植物が咲かせるもの。桜など。 英語 flower 文末", "BRL 英語 flower ",
-                     "TTS 閉じる ボタン", "BEEP 32", "ENDED"}));
+      {"TTS 検索結果:はな【花】 植物が咲かせるもの。桜など。 英語 flower 文末",
+       "BRL 植物が咲かせるもの。桜など。", "TTS 植物が咲かせるもの。桜など。",
+       "TTS 植物が咲かせるもの。桜など。 英語 flower 文末", "BRL 英語 flower ", "TTS 閉じる ボタン",
+       "BEEP 32", "ENDED"}));
 }
 
 TEST_F(DemoCardRunTest, HelpTellsTheKeysOfTheControlInViewInJapanese) {
-  ASSERT_EQ(Run("KEY_HELP\ntext ?\nKEY_NEXT_CTRL\nKEY_HELP\nKEY_EXIT\n"), 0)
-      << ReadWholeFile(work / "stderr.txt");
   const std::string list =
       "TTS ヘルプ。リストのキー。上矢印、前の項目。下矢印、次の項目。共通のキー。"
       "タブ、次のコントロール。";
-  const std::string transcript = Transcript();
+  const std::string transcript = RunScript("KEY_HELP\ntext ?\nKEY_NEXT_CTRL\nKEY_HELP\nKEY_EXIT\n");
   // F1 and "?" on the list alike; the list's keys, then the common ones.
   const size_t first = transcript.find(list);
   ASSERT_NE(first, std::string::npos) << transcript;
@@ -100,8 +90,8 @@ TEST_F(DemoCardRunTest, HelpTellsTheKeysOfTheControlInViewInJapanese) {
 TEST_F(DemoCardRunTest, DisplayOptionsOfTheSettingsFileChangeWhatIsShown) {
   std::ofstream(work / "epwingdict.ini")
       << "[OPTION_SETTING]\nPH_SIGNS_VISIBLE=1\nLINK_VISIBLE=1\n";
-  ASSERT_EQ(Run("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n48\n48\nKEY_EXIT\nKEY_EXIT\nKEY_EXIT\n"), 0);
-  const std::string shown = Transcript();
+  const std::string shown =
+      RunScript("KEY_NEXT_CTRL\ntext はな\nKEY_ENTER\nKEY_ENTER\n48\n48\nKEY_EXIT\nKEY_EXIT\nKEY_EXIT\n");
   EXPECT_NE(shown.find("BRL 植物が咲かせるもの。<→桜|"), std::string::npos) << shown;
   EXPECT_TRUE(HasLinesInOrder(shown, {"BRL 英語 flower /flau-@r/"}));
 }

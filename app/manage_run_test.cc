@@ -28,11 +28,6 @@ const char kLookUpInTheSecond[] =
 
 class ManageRunTest : public EpwingdictRunner {
  protected:
-  // Runs the reader on `script`; the transcript.
-  std::string RunScript(const std::string& script) {
-    EXPECT_EQ(Run(script), 0) << ReadWholeFile(work / "stderr.txt");
-    return Transcript();
-  }
   // The settings file in UTF-8.
   std::string Settings() {
     return ToUtf8(CString(ReadWholeFile(work / "epwingdict.ini").c_str()));

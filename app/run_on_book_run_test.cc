@@ -81,8 +81,7 @@ std::string ReadFirstArticle(const std::string& word) {
 
 TEST_F(RunOnBookRunTest, EachArticleStandsAlone) {
   if (!MakeBook()) GTEST_SKIP() << "fpwmake is missing: install the freepwing package";
-  ASSERT_EQ(Run(ReadFirstArticle("ice cream")), 0) << ReadWholeFile(work / "stderr.txt");
-  std::string transcript = Transcript();
+  const std::string transcript = RunScript(ReadFirstArticle("ice cream"));
   // The head line, the two lines of the article, and its end: the last
   // line again, never the next entry.
   EXPECT_TRUE(HasLinesInOrder(
@@ -92,8 +91,7 @@ TEST_F(RunOnBookRunTest, EachArticleStandsAlone) {
   EXPECT_EQ(transcript.find("BRL apple"), std::string::npos) << transcript;
 
   // The last entry's article ends at the end of the text.
-  ASSERT_EQ(Run(ReadFirstArticle("hana")), 0);
-  EXPECT_TRUE(
-      HasLinesInOrder(Transcript(), {"BRL 「はな」で見つかりました", "BRL 検索結果:はな【花】",
-                                     "BRL 植物の花。", "BRL 植物の花。", "ENDED"}));
+  EXPECT_TRUE(HasLinesInOrder(RunScript(ReadFirstArticle("hana")),
+                              {"BRL 「はな」で見つかりました", "BRL 検索結果:はな【花】",
+                               "BRL 植物の花。", "BRL 植物の花。", "ENDED"}));
 }

@@ -39,12 +39,8 @@ class TypedWordsRunTest : public EpwingdictRunner {
   // Types `word`, looks it up, opens the first article, reads its second
   // line and closes; the transcript.
   std::string LookUp(const std::string& word) {
-    EXPECT_EQ(Run("KEY_NEXT_CTRL\ntext " + word +
-                  "\nKEY_ENTER\nKEY_ENTER\n48\n"
-                  "KEY_EXIT\nKEY_EXIT\nKEY_EXIT\n"),
-              0)
-        << ReadWholeFile(work / "stderr.txt");
-    return Transcript();
+    return RunScript("KEY_NEXT_CTRL\ntext " + word +
+                     "\nKEY_ENTER\nKEY_ENTER\n48\nKEY_EXIT\nKEY_EXIT\nKEY_EXIT\n");
   }
 };
 
@@ -113,9 +109,7 @@ TEST_F(HostileWordsRunTest, TypedWordsAndCandidatesThatLookLikeOptionsAreSearche
     script += "text " + word + "\nKEY_ENTER\nKEY_EXIT\n41\n24\n234\n";
   script += "text あ\nKEY_ENTER\nKEY_NEXT_CTRL\nKEY_NEXT_CTRL\nKEY_ENTER\nKEY_EXIT\nKEY_EXIT\n";
   // Standard input holds what the engine's prompt loop would run.
-  ASSERT_EQ(Run(script, "-O" + (scratch / "z").string() + "\n-C\n"), 0)
-      << ReadWholeFile(work / "stderr.txt");
-  const std::string transcript = Transcript();
+  const std::string transcript = RunScript(script, "-O" + (scratch / "z").string() + "\n-C\n");
   EXPECT_EQ(CountLines(transcript, "TTS 検索開始"), 6u) << transcript;
   // Words that nothing finds, in no form tried: the empty list, unannounced.
   EXPECT_EQ(CountLines(transcript, "BRL 検索結果:項目なし"), 5u);

@@ -49,6 +49,11 @@ class EpwingdictRunner : public ::testing::Test {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
   std::string Transcript() const { return ReadWholeFile(work / "transcript.txt"); }
+  // Runs the program as Run does, expecting it to end well; the transcript.
+  std::string RunScript(const std::string& script, const std::string& input = "") {
+    EXPECT_EQ(Run(script, input), 0) << ReadWholeFile(work / "stderr.txt");
+    return Transcript();
+  }
 
   std::filesystem::path program, card, work;  // the program, "\SD", the program folder
   std::string environment;  // "NAME=value ..." for the program's environment, if any
