@@ -34,35 +34,17 @@ struct Typed {
 
 }  // namespace
 
+// What the display's own cells (the next test) do not show: the long
+// vowel, what ends a number, punctuation and blanks.
 TEST(KanaKeyboardTest, WordsInJapaneseBraille) {
   const Typed kWords[] = {
-      // plain kana, one cell each
       {"136 13", u"はな"},
-      {"1 12 14 124 24", u"あいうえお"},
-      {"1346 1246 1236 1456", u"ふけひす"},
-      {"34 346 345 3 35 356", u"やゆよわをん"},
-      {"15 125 145 1245 245", u"らりるれろ"},
-      {"1356 12356 13456 123456 23456", u"まみむめも"},
-      // っ and ー
       {"16 2 246 25", u"かっこー"},
-      // voiced and semi-voiced signs
-      {"5 16 5 1256 5 1345 5 12345 5 2346", u"がじづでぼ"},
-      {"6 136 6 1346 6 2346", u"ぱぷぽ"},
-      {"5 14", u"ゔ"},
-      // contracted sounds: the a, u, o kana of the row behind the sign
-      {"4 16 4 1456 4 2345", u"きゃしゅちょ"},
-      {"4 13 4 136 4 1356 4 15", u"にゃひゃみゃりゃ"},
-      {"45 16 45 2456 45 2346", u"ぎゃじょびょ"},
-      {"46 136 46 1346", u"ぴゃぴゅ"},
       {"2345 25 4 246 25", u"とーきょー"},
-      // numbers, and what ends them
-      {"3456 1 12 14", u"123"},
-      {"3456 245 2 124", u"0.6"},
       {"3456 1 3 245 245 245", u"1,000"},
       {"3456 12 36 1", u"2あ"},
       {"3456 14 0 1", u"3 あ"},
       {"3456 1 136", u"1は"},
-      // punctuation and blanks
       {"136 13 256", u"はな。"},
       {"1 56 12 26 235", u"あ、い？！"},
       {"136 0 13", u"は な"},
