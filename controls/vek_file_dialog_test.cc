@@ -154,3 +154,17 @@ TEST_F(FileDialogTest, AStartFolderThatIsGoneOpensAtTheNearestOneAbove) {
   EXPECT_EQ(Walk(u"\\SD", {}), "-");
   EXPECT_EQ(main.events.size(), 6u);
 }
+
+// A folder mounted at the card's top shows there once, in place of the
+// card's own folder of that name.
+TEST_F(FileDialogTest, AMountedFolderShowsOnceAtTheCardsTop) {
+  const std::filesystem::path outside = fresh_directory("file_dialog_outside");
+  std::filesystem::create_directories(outside / "KOJIEN");
+  MountCardFolder("Other", outside.string());
+  EXPECT_EQ(Walk(u"\\SD", {48, 48, 48, 24, 256, 48, 234}), "\\SD\\Other\\KOJIEN");
+  EXPECT_EQ(Lines(), (std::vector<std::string>{
+                         R"(\\SD このフォルダを選択)", R"(\\SD Other)", R"(\\SD epwing)",
+                         R"(\\SD epwing)", R"(\\SD Other)", R"(\\SD\\Other このフォルダを選択)",
+                         R"(\\SD\\Other KOJIEN)"}));
+  ClearCardFolders();
+}
