@@ -41,16 +41,16 @@ TEST(MenuTest, MovesOpensGroupsAndChooses) {
   Build(menu);
   EXPECT_EQ(out.Events(), (std::vector<std::string>{"BRL 終了", "TTS メニュー 終了"}));
 
-  EXPECT_NE(menu.OnBrailleKey(48, 0), 0u);
-  EXPECT_EQ(out.LastBraille(), "移動");
-  EXPECT_NE(menu.OnBrailleKey(16384, 0), 0u);
-  EXPECT_EQ(out.LastBraille(), "項目6");  // no label in the file
-  EXPECT_NE(menu.OnBrailleKey(48, 0), 0u);  // round the end
-  EXPECT_EQ(out.LastBraille(), "終了");
-  EXPECT_NE(menu.OnBrailleKey(24, 0), 0u);
-  EXPECT_NE(menu.OnBrailleKey(8192, 0), 0u);
-  EXPECT_NE(menu.OnBrailleKey(256, 0), 0u);  // opens the group
-  EXPECT_EQ(out.LastBraille(), "辞書の追加と削除");
+  // Each key keeps the menu open and shows where it went; 項目6 has no
+  // label in the file, the menu goes round its end, and Enter opens a
+  // group.
+  const std::pair<uint32_t, const char*> moves[] = {
+      {48, "移動"}, {16384, "項目6"}, {48, "終了"}, {24, "項目6"}, {8192, "移動"},
+      {256, "辞書の追加と削除"}};
+  for (const auto& [key, shown] : moves) {
+    EXPECT_NE(menu.OnBrailleKey(key, 0), 0u) << key;
+    EXPECT_EQ(out.LastBraille(), shown) << key;
+  }
   EXPECT_EQ(menu.OnBrailleKey(256, 0), 0u);
   EXPECT_EQ(menu.GetSelectID(), 5);
   EXPECT_FALSE(menu.IsOpen());
