@@ -11,8 +11,8 @@ class BrailleDisplay {
   virtual ~BrailleDisplay() = default;
   // What the user knows it as, for messages ("BRLTTY").
   virtual const char* Name() const = 0;
-  // Connects and takes the display for this program; false, with the
-  // reason in `why`, when it can't.
+  // Connects and takes the display for this program (anew, when it was
+  // connected); false, with the reason in `why`, when it can't.
   virtual bool Open(std::string& why) = 0;
   // Cells across the display, once opened.
   virtual int Width() const = 0;

@@ -39,6 +39,11 @@ bool BrlapiDisplay::Lost(std::string& why) {
 }
 
 bool BrlapiDisplay::Open(std::string& why) {
+  if (descriptor_ >= 0) {  // opened again: the old connection goes first
+    Release();
+    brlapi_closeConnection();
+    descriptor_ = -1;
+  }
   brlapi_setExceptionHandler(KeepGoing);
   descriptor_ = brlapi_openConnection(nullptr, nullptr);
   if (descriptor_ < 0) {
