@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <iterator>
 #include <string>
 
 #include "engine/catalog.h"
@@ -71,20 +70,10 @@ struct KeyCase {
   const char* normalized;
 };
 
-void expect_cases(const KeyCase* cases, size_t count) {
-  for (size_t i = 0; i < count; ++i) {
-    const KeyCase& c = cases[i];
-    Prepared got = prepare(c.typed, c.index_id, c.flags);
-    SCOPED_TRACE(std::string("case ") + std::to_string(i));
-    EXPECT_EQ(got.search, c.search);
-    EXPECT_EQ(got.index_id, c.chosen);
-    EXPECT_EQ(got.normalized, c.normalized);
-    EXPECT_EQ(got.out, "");
-  }
-}
-
-TEST(SearchKey, JapaneseForwardKeysByClass) {
+// The key of each class, direction and mode, and the index it chooses.
+TEST(SearchKey, KeysByClassDirectionAndMode) {
   const KeyCase cases[] = {
+      // Japanese forward keys, by class
       {"はなし", -1, 0, "244F 244A 2437", 0x90, "244F 244A 2437"},
       {"バナナ", -1, 0, "2550 254A 254A", 0x90, "244F 244A 244A"},
       {"カード", -1, 0, "252B 213C 2549", 0x90, "242B 2422 2448"},
@@ -102,22 +91,12 @@ TEST(SearchKey, JapaneseForwardKeysByClass) {
       {"ーか", -1, 0, "213C 242B", 0x90, "213C 242B"},
       // An explicit index is never folded and selects no family.
       {"バナナ", 0x90, 0, "2550 254A 254A", 0x90, "2550 254A 254A"},
-  };
-  expect_cases(cases, std::size(cases));
-}
-
-TEST(SearchKey, BackwardKeysAreReversedByCharacter) {
-  const KeyCase cases[] = {
+      // backward keys are reversed by character
       {"カード", -2, 0, "2549 213C 252B", 0x70, "2448 2422 242B"},
       {"コーヒー", -2, 0, "213C 2552 213C 2533", 0x70, "2424 2452 242A 2433"},
       {"abc", -2, 0, "2343 2342 2341", 0x72, "2343 2342 2341"},
       {"日本", -3, 0, "4B5C 467C", 0x71, "4B5C 467C"},
-  };
-  expect_cases(cases, std::size(cases));
-}
-
-TEST(SearchKey, SymbolsEnglishAndEncyclopedia) {
-  const KeyCase cases[] = {
+      // symbols, English and encyclopedia mode
       {"a-b", -1, DF_NO_KEY_SYMBOLS, "2341 2342", 0x92, "2341 2342"},
       {"a b", -1, DF_NO_KEY_SYMBOLS, "2341 2121 2342", 0x92, "2341 2121 2342"},
       {"-", -1, DF_NO_KEY_SYMBOLS, "", 0x91, ""},
@@ -131,7 +110,14 @@ TEST(SearchKey, SymbolsEnglishAndEncyclopedia) {
       // In encyclopedia mode the search_string turns hiragana, voicing kept.
       {"バナナ", -1, DF_ENCYCLOPEDIA, "2450 244A 244A", 0x90, "244F 244A 244A"},
   };
-  expect_cases(cases, std::size(cases));
+  for (const KeyCase& c : cases) {
+    SCOPED_TRACE(std::string("case ") + std::to_string(&c - cases));
+    const Prepared got = prepare(c.typed, c.index_id, c.flags);
+    EXPECT_EQ(got.search, c.search);
+    EXPECT_EQ(got.index_id, c.chosen);
+    EXPECT_EQ(got.normalized, c.normalized);
+    EXPECT_EQ(got.out, "");
+  }
 }
 
 // The reader hands a word whose first character is '-', '/' or a digit to
