@@ -50,24 +50,6 @@ TEST(Window, HandlesAreNumbersAndCreationCanFail) {
   EXPECT_EQ(log.back(), "frame:2/0");  // WM_CLOSE destroyed it
 }
 
-TEST(Window, SentRunsNowPostedRunsLaterInOrder) {
-  std::vector<std::string> log;
-  RecordingWindow frame(log, "f");
-  frame.CreateWindowObject();
-  HWND handle = frame.GetSafeHwnd();
-  frame.hookedMessage = WM_VEK_KEY_IN;
-  frame.hook = [&](WPARAM key, LPARAM) {
-    PostMessage(handle, WM_VEK_KEY_MAIN, key, 0);
-    return SendMessage(handle, WM_VEK_APP_STARTED, key, 0) + 1;
-  };
-  log.clear();
-  PostMessage(handle, WM_VEK_KEY_IN, 1, 0);
-  PostMessage(handle, WM_VEK_KEY_IN, 2, 0);
-  EXPECT_EQ(RunMessageLoop(), -1);
-  EXPECT_EQ(log, (std::vector<std::string>{"f:3024/1", "f:3044/1", "f:3024/2", "f:3044/2",
-                                           "f:3034/1", "f:3034/2"}));
-}
-
 TEST(Window, NestedModalLoops) {
   std::vector<std::string> log;
   RecordingWindow frame(log, "f");
