@@ -22,6 +22,15 @@ TEST(WideString, IndexesOutOfRangeClamp) {
   EXPECT_EQ(empty.Find(u'a'), -1);
 }
 
+TEST(WideString, FindFromIndex) {
+  CString text(u"<→12>x<→3>");
+  EXPECT_EQ(text.Find(u"<→", 1), 6);
+  EXPECT_EQ(text.Find(u'x', -4), 5);
+  EXPECT_EQ(text.Find(u">", 10), -1);
+  EXPECT_EQ(text.Find(u"", 10), 10);  // an empty text is found at the end, not past it
+  EXPECT_EQ(text.Find(u"", 11), -1);
+}
+
 TEST(WideString, ReplaceRemoveAndTrim) {
   CString text(u"aaa");
   EXPECT_EQ(text.Replace(u"a", u"aa"), 3);  // a replacement is not searched again
