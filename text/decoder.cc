@@ -34,23 +34,18 @@ bool plain_layout(const TextRecord& record) {
   return engine.width <= 0 && record.column >= record.margin && !(engine.flags & DF_COLOUR);
 }
 
-// Writes `word` when it is a character that cdputchar gives in its common
-// paths (a JIS X 0208 code, in full width or as the half-width form of an
-// ASCII character) as text_append_char and a plain emit write it; false,
-// writing nothing, for any other word.
+// Writes `word` as cdputchar's common paths (plain_bytes) and a plain emit
+// write it; false, writing nothing, for any other word.
 [[gnu::always_inline]] inline bool put_plain(TextRecord* record, int32_t word, bool half, FILE* output) {
-  const bool column_in_set = static_cast<uint32_t>((word & 0xFF) - 0x21) < 0x5E;
-  if (word < kFirstJis || word > kLastJis || !column_in_set) return false;
-  if (half) {
-    const uint32_t ascii = halfwidth_ascii_of(word);
-    if (ascii == 0) return false;
-    putc_unlocked(static_cast<int>(ascii), output);
-    record->column += 1;
-  } else {
-    const int32_t bytes = jis_to_sjis(word);
+  const int32_t bytes = plain_bytes(word, half);
+  if (bytes == 0) return false;
+  if (bytes > 0xFF) {
     putc_unlocked((bytes >> 8) & 0xFF, output);
     putc_unlocked(bytes & 0xFF, output);
     record->column += 2;
+  } else {
+    putc_unlocked(bytes, output);
+    record->column += 1;
   }
   return true;
 }
@@ -61,7 +56,7 @@ bool plain_layout(const TextRecord& record) {
 // unit_position set as the unit loop sets it.
 int32_t plain_run(TextRecord* record, int32_t word) {
   FILE* output = engine.output;
-  const bool half = (engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE);
+  const bool half = half_width_out();
   for (;;) {
     if (!put_plain(record, word, half, output)) return word;
     // The words that follow within the block read last, straight from its

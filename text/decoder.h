@@ -43,29 +43,35 @@ inline uint32_t halfwidth_ascii_of(int32_t code) {
   if (row < 0 || row >= kHalfwidthAsciiRows) return 0;
   return halfwidth_ascii.ascii[row][code & 0xFF];
 }
+// Whether characters go out in their half-width forms: a half-width run,
+// and not the verbose form, which keeps every character as the book has it.
+inline bool half_width_out() {
+  return (engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE);
+}
+// The paths of nearly every character: for a JIS X 0208 code (both bytes
+// 0x21 to 0x7E) its Shift-JIS form (two bytes, neither of them 0, so above
+// 0xFF) or, when `half`, the ASCII character whose full-width form it is;
+// 0 for any other code, which any_putchar takes.
+inline int32_t plain_bytes(int32_t code, bool half) {
+  const bool column_in_set = static_cast<uint32_t>((code & 0xFF) - 0x21) < 0x5E;
+  if (code < kFirstJis || code > kLastJis || !column_in_set) return 0;
+  return half ? static_cast<int32_t>(halfwidth_ascii_of(code)) : jis_to_sjis(code);
+}
 // cdputchar in every case.
 size_t any_putchar(int32_t code, char* place, size_t room);
 
 inline size_t cdputchar(int32_t code, char* place, size_t room) {
-  // The paths of nearly every character: a JIS X 0208 code (both bytes
-  // 0x21 to 0x7E) with room for two bytes and the NUL, in full width (its
-  // Shift-JIS form, two bytes, neither of them 0) or the half-width form of
-  // an ASCII character.
-  const bool column_in_set = static_cast<uint32_t>((code & 0xFF) - 0x21) < 0x5E;
-  if (code >= kFirstJis && code <= kLastJis && column_in_set && room > 2) {
-    if (!(engine.text_attribute & TA_HALF)) {
-      const int32_t bytes = jis_to_sjis(code);
-      place[0] = static_cast<char>(bytes >> 8);
-      place[1] = static_cast<char>(bytes);
-      place[2] = '\0';
-      return 2;
-    }
-    if (!(engine.flags & DF_VERBOSE)) {
-      if (const uint32_t ascii = halfwidth_ascii_of(code)) {
-        place[0] = static_cast<char>(ascii);
-        place[1] = '\0';
-        return 1;
+  if (room > 2) {
+    if (const int32_t bytes = plain_bytes(code, half_width_out())) {
+      if (bytes > 0xFF) {
+        place[0] = static_cast<char>(bytes >> 8);
+        place[1] = static_cast<char>(bytes);
+        place[2] = '\0';
+        return 2;
       }
+      place[0] = static_cast<char>(bytes);
+      place[1] = '\0';
+      return 1;
     }
   }
   return any_putchar(code, place, room);

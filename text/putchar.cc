@@ -63,9 +63,7 @@ size_t any_putchar(int32_t code, char* place, size_t room) {
     return std::min(static_cast<size_t>(wanted), room - 1);
   }
   uint32_t bytes = static_cast<uint32_t>(jis_to_sjis(code)) & 0xFFFF;
-  if ((engine.text_attribute & TA_HALF) && !(engine.flags & DF_VERBOSE)) {
-    bytes = halfwidth_form(code, bytes);
-  }
+  if (half_width_out()) bytes = halfwidth_form(code, bytes);
   const char high = static_cast<char>(bytes >> 8);
   const char low = static_cast<char>(bytes & 0xFF);
   size_t length = 0;
