@@ -41,8 +41,14 @@ bool BraillePresenter::Reconnect() {
 
 int BraillePresenter::CellOf(int position) const {
   if (position >= line_.GetLength()) return static_cast<int>(cells_.size());
-  // The last unit at or before `position` that has cells, and its first.
   const auto after = std::upper_bound(sources_.begin(), sources_.end(), position);
+  // A blank the translation dropped (at the end of the line, or between
+  // words it spaces its own way): behind the cells before it, where typing
+  // goes and from where a delete takes the blank.
+  const bool ownCells = after != sources_.begin() && *(after - 1) == position;
+  const char16_t unit = line_[position];
+  if (!ownCells && (unit == u' ' || unit == u'\u3000')) return static_cast<int>(after - sources_.begin());
+  // Else the last unit at or before `position` that has cells, and its first.
   if (after == sources_.begin()) return 0;
   return static_cast<int>(std::lower_bound(sources_.begin(), after, *(after - 1)) - sources_.begin());
 }

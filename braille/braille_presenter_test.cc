@@ -15,13 +15,14 @@
 namespace {
 
 // A translation where a word of kanji makes two cells, both from its first
-// kanji, and anything else one cell.
+// kanji, a blank at the end none, and anything else one cell.
 std::u16string Cells(std::u16string_view text, std::vector<int>& sources) {
   std::u16string cells;
   sources.clear();
   for (size_t at = 0; at < text.size(); ++at) {
     const bool kanji = text[at] >= 0x4E00;
     if (kanji && at > 0 && text[at - 1] >= 0x4E00) continue;
+    if (text[at] == u' ' && at + 1 == text.size()) continue;
     cells += kanji ? std::u16string(u"⠓⠁") : std::u16string(1, 0x2800 + (text[at] & 0x3F));
     sources.resize(cells.size(), static_cast<int>(at));
   }
@@ -83,6 +84,12 @@ TEST(BraillePresenterTest, RoutingKeysNameTheUnitUnderTheCell) {
   EXPECT_EQ(braille.UnitAt(0), 4);
   braille.ShowBrailleCursor(0);
   EXPECT_EQ(braille.UnitAt(3), 2);
+
+  // On a blank without a cell of its own the cursor stands behind the cells
+  // before it, not on the last of them.
+  braille.ShowBraille(u"AB ");
+  braille.ShowBrailleCursor(2);
+  EXPECT_EQ(display.cursors.back(), 2);
 }
 
 TEST(BraillePresenterTest, WithoutADisplayOrOnceItIsLostItSaysSoOnceAndGoesOn) {

@@ -54,11 +54,15 @@ void ConsoleWriter::Show(const CString& text) {
     WriteLine(ToUtf8(CString(BrailleCells(text.Units()))));
     return;
   }
-  // One line for the screen reader: breaks and other controls (C0, DEL and
-  // C1, which a terminal would act on) read as blanks.
-  std::u16string plain = text.Units();
-  for (char16_t& ch : plain)
-    if (ch < 0x20 || (ch >= 0x7F && ch <= 0x9F)) ch = u' ';
+  // One line for the screen reader: breaks (CR LF, CR or LF) and other
+  // controls (C0, DEL and C1, which a terminal would act on) read as blanks.
+  const std::u16string& units = text.Units();
+  std::u16string plain;
+  for (size_t i = 0; i < units.size(); ++i) {
+    const char16_t ch = units[i];
+    if (ch == u'\r' && i + 1 < units.size() && units[i + 1] == u'\n') continue;
+    plain += ch < 0x20 || (ch >= 0x7F && ch <= 0x9F) ? u' ' : ch;
+  }
   WriteLine(ToUtf8(CString(std::move(plain))));
 }
 

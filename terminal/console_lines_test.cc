@@ -17,7 +17,7 @@ void PresentALookup(ConsoleLines& lines) {
   lines.presenter().Speak(u"終了 ボタン", false);
   lines.presenter().Speak(u"読み取り専用", false);
   for (TranscriptWriter* writer : lines.writers()) writer->Beep(32);
-  lines.presenter().ShowBraille(u"一行目\n二行目");
+  lines.presenter().ShowBraille(u"一行目\r\n二行目");
   lines.presenter().Speak(u"", false);
   lines.presenter().Speak(u"\r\t\\SD\x01", false);  // controls a terminal would act on
   // An article read after its head line: what it adds comes out.
