@@ -116,11 +116,17 @@ TEST_F(FrameTest, KeysNoScreenTakesReachTheFocusedControl) {
                           "addButton.DisplayItem(1)", "prompt.OnBrailleCursor(1)"}));
 }
 
-// Muting silences announcements only: the focus still renders.
-TEST_F(FrameTest, MuteSilencesAnnouncements) {
+// An announcement's calls, without and with waiting for the speech; muting
+// silences announcements only: the focus still renders.
+TEST_F(FrameTest, AnnounceCallsAndMute) {
   Start();
   frame().Announce(u"検索開始", -1, -1, 0);
-  EXPECT_EQ(log.back(), "edit.PlayTts(検索開始)");
+  frame().Announce(u"済", -1, -1, 1);
+  EXPECT_EQ(log, (CallLog{"edit.SetAsciiOnly(0)", "edit.SetControl(4)", "edit.PlayBrl(0,,0)",
+                          "edit.PlayBrl(-1,検索開始,-1)", "edit.PlayTts(検索開始)",
+                          "edit.SetAsciiOnly(0)", "edit.SetControl(4)", "edit.PlayBrl(0,,0)",
+                          "edit.PlayBrl(-1,済,-1)", "edit.SetSync(1)", "edit.PlayTts()",
+                          "edit.PlayTts(済)", "edit.SetSync(0)"}));
   log.clear();
   SendMessage(frame().GetSafeHwnd(), WM_VEK_MUTE, 1, 0);
   frame().Announce(u"x", -1, -1, 1);

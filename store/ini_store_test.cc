@@ -22,6 +22,13 @@ class FullCardFileSystem : public RealFileSystem {
   }
 };
 
+// A folder where nothing can be renamed or deleted.
+class ReadOnlyFolderFileSystem : public RealFileSystem {
+ public:
+  bool Move(const std::string&, const std::string&) override { return false; }
+  bool Delete(const std::string&) override { return false; }
+};
+
 // A process that dies after `steps` calls that change the disk: from then
 // on every such call fails and changes nothing, so the folder is left as
 // a kill at that moment leaves it.
@@ -141,8 +148,8 @@ TEST_F(IniStoreTest, BackupIsTakenBackOnlyForAFileMissingOrCutShort) {
   }
 }
 
-// A save that fails, on a full card or with a folder where the backup
-// goes, answers -1 and leaves the file as it was; a death at any step of
+// A save that fails, on a full card, in a folder where nothing can be
+// renamed or with a folder where the backup goes, answers -1 and leaves the file as it was; a death at any step of
 // a save leaves the old file or the new one, whole, for the next start.
 TEST_F(IniStoreTest, FailedOrKilledSavesLeaveTheOldOrTheNewFile) {
   const std::string before = "[S]\nk=old\n";
@@ -159,6 +166,9 @@ TEST_F(IniStoreTest, FailedOrKilledSavesLeaveTheOldOrTheNewFile) {
   EXPECT_EQ(writeThrough(full), -1);
   EXPECT_EQ(ReadFile(), before);
   EXPECT_FALSE(std::filesystem::exists(HostFile(".BAK")));
+  ReadOnlyFolderFileSystem readOnly;
+  EXPECT_EQ(writeThrough(readOnly), -1);
+  EXPECT_EQ(ReadFile(), before);
   RealFileSystem real;
   std::filesystem::create_directory(HostFile(".BAK"));
   EXPECT_EQ(writeThrough(real), -1);
