@@ -6,9 +6,9 @@
 
 namespace {
 
-// The word itself first; its forms only while no article is found. (Forms
-// that find, and the word that finds as typed, are announced through the
-// whole reader: the typed words' run.)
+// The word itself first; its forms only while no article is found, and the
+// first form that finds gives both lists and is named. (The word that finds
+// as typed is announced through the whole reader: the typed words' run.)
 TEST(LookupAsTyped, FormsTriedInTurnUntilOneFindsArticles) {
   FakeBooks books;
   FakeBook book{u"辞書"};
@@ -16,9 +16,18 @@ TEST(LookupAsTyped, FormsTriedInTurnUntilOneFindsArticles) {
   book.words[u"ha na"] = {{}, {}};
   book.words[u"hana"] = {{}, {}, kLookupStopped};
   book.words[u"はな"] = {{{u"はな【花】", u"はな【花】\r\n植物の花。"}}, {}};
+  book.words[u"ka"] = {{}, {{u"【kaz】", u"kaz"}}};
+  book.words[u"か"] = {{{u"か【蚊】", u"か【蚊】\r\n虫。"}}, {{u"【かい】", u"かい"}}};
   books.SetCatalog(u"\\SD\\d", {book});
   ResultItemArray articles, candidates;
   CString foundAs;
+
+  // A form finds: its articles and its own candidates, not the word's.
+  EXPECT_EQ(LookupAsTyped(books, u"\\SD\\d", 0, u"ka", articles, candidates, foundAs), 0);
+  EXPECT_EQ(foundAs, CString(u"か"));
+  ASSERT_EQ(articles.size(), 1u);
+  ASSERT_EQ(candidates.size(), 1u);
+  EXPECT_EQ(candidates[0].body, CString(u"かい"));
 
   // Nothing finds: the word's own lists stay, candidates included.
   EXPECT_EQ(LookupAsTyped(books, u"\\SD\\d", 0, u"xq", articles, candidates, foundAs), 0);

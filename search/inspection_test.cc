@@ -81,4 +81,22 @@ TEST(Inspection, DamagedCountsStayWithinTheArea) {
   EXPECT_LT(scan.out.size() + scan.err.size(), odd_words.size() / 4);
 }
 
+// Multi-search definitions are read no further than their page, however
+// many the count claims: here 65535 of them, 63 of which fit, on the first
+// of 32 pages that all look the same.
+TEST(Inspection, DefinitionsStayOnTheirPage) {
+  const std::filesystem::path root = fresh_directory("definitions_on_page");
+  std::string page = std::string("\xFF\xFF", 2) + std::string(2046, '\0');
+  std::string pages;
+  for (int i = 0; i < 32; ++i) pages += page;
+  BookTree tree;
+  Book& book = tree.add_book(utf8(u8"辞書"), "JITEN");
+  book.text.add_area(0xFF, pages);
+  book.text.add_area(0xFF, pages);
+  tree.write(root);
+  const std::string listing = run_engine({"-D" + root.string(), "-V"}).out;
+  EXPECT_EQ(count_of(listing, "-X"), 2u * 63);
+  EXPECT_NE(listing.find("-X126:"), std::string::npos);
+}
+
 }  // namespace
