@@ -2,17 +2,25 @@
 
 #include <algorithm>
 
-BraillePresenter::BraillePresenter(BrailleDisplay& display, CellTranslator translate,
-                                   FILE* notices)
-    : display_(display), translate_(std::move(translate)), notices_(notices) {}
+BraillePresenter::BraillePresenter(std::shared_ptr<BrailleDisplay> display,
+                                   CellTranslator translate, FILE* notices,
+                                   std::chrono::milliseconds retry)
+    : display_(display),
+      translate_(std::move(translate)),
+      notices_(notices),
+      opener_(std::move(display), retry) {}
 
-bool BraillePresenter::Start() {
-  started_ = true;
-  std::string why;
-  connected_ = display_.Open(why);
+// The first try runs on the opener's thread as well: a BRLTTY that does
+// not answer holds up the start no longer than `patience`.
+bool BraillePresenter::Start(std::chrono::milliseconds patience) {
+  std::string why = "it does not answer";
+  if (!opener_.Start(true))
+    why = "no thread to open it";
+  else if (opener_.AwaitFirstTry(patience, why) && opener_.Opened())
+    connected_ = true;
   if (!connected_) {
     std::fprintf(notices_, "epwingdict: no Braille display: %s cannot be used (%s)\n",
-                 display_.Name(), why.c_str());
+                 display_->Name(), why.c_str());
     std::fflush(notices_);
   }
   return connected_;
@@ -23,16 +31,15 @@ void BraillePresenter::Lose(const std::string& why) {
   connected_ = false;
   std::fprintf(notices_, "epwingdict: the Braille display of %s was lost (%s); Braille goes on on "
                          "the terminal until it is back\n",
-               display_.Name(), why.c_str());
+               display_->Name(), why.c_str());
   std::fflush(notices_);
+  opener_.Start(false);
 }
 
 bool BraillePresenter::Reconnect() {
-  if (!Missing()) return connected_;
-  std::string why;
-  if (!display_.Open(why)) return false;
+  if (connected_ || !opener_.Opened()) return false;
   connected_ = true;
-  std::fprintf(notices_, "epwingdict: the Braille display of %s is back\n", display_.Name());
+  std::fprintf(notices_, "epwingdict: the Braille display of %s is back\n", display_->Name());
   std::fflush(notices_);
   FollowCursor();  // the display may be another, of another width
   Refresh();
@@ -57,7 +64,7 @@ void BraillePresenter::Refresh() {
   if (!connected_) return;
   const int cursor = cursorCell_ >= window_ ? cursorCell_ - window_ : -1;
   std::string why;
-  if (!display_.Write(cells_.substr(std::min<size_t>(window_, cells_.size())), cursor, why))
+  if (!display_->Write(cells_.substr(std::min<size_t>(window_, cells_.size())), cursor, why))
     Lose(why);
 }
 
@@ -76,22 +83,22 @@ void BraillePresenter::ShowBrailleCursor(int position) {
 }
 
 void BraillePresenter::FollowCursor() {
-  const int width = connected_ ? display_.Width() : 0;
+  const int width = connected_ ? display_->Width() : 0;
   window_ = width > 0 && cursorCell_ >= 0 ? cursorCell_ / width * width : 0;
 }
 
-int BraillePresenter::KeyDescriptor() const { return connected_ ? display_.KeyDescriptor() : -1; }
+int BraillePresenter::KeyDescriptor() const { return connected_ ? display_->KeyDescriptor() : -1; }
 
 bool BraillePresenter::ReadKey(uint64_t& key) {
   if (!connected_) return false;
   std::string why;
-  const int got = display_.ReadKey(key, why);
+  const int got = display_->ReadKey(key, why);
   if (got < 0) Lose(why);
   return got > 0;
 }
 
 bool BraillePresenter::Pan(int direction) {
-  const int width = connected_ ? display_.Width() : 0;
+  const int width = connected_ ? display_->Width() : 0;
   if (width <= 0) return false;
   const int next = window_ + direction * width;
   if (next < 0 || next >= static_cast<int>(cells_.size())) return false;
@@ -107,13 +114,13 @@ int BraillePresenter::UnitAt(int cell) const {
 }
 
 void BraillePresenter::Release() {
-  if (connected_) display_.Release();
+  if (connected_) display_->Release();
 }
 
 void BraillePresenter::Retake() {
   if (!connected_) return;
   std::string why;
-  if (!display_.Retake(why)) {
+  if (!display_->Retake(why)) {
     Lose(why);
     return;
   }

@@ -8,21 +8,25 @@
 //
 // Without a display (BRLTTY not running) or once it is lost, the presenter
 // does nothing, and the terminal alone shows the line; that is told once,
-// as one line on `notices` (standard error). The input wait calls
-// Reconnect now and then while the display is missing: once BRLTTY is
-// back, the display is taken again, shows the line at once, and that is
-// told once too.
+// as one line on `notices` (standard error). A missing display is opened
+// again on a thread of its own (display_opener.h), every few seconds, so
+// that a BRLTTY that does not answer never holds up the keys: once one
+// opens, ReconnectDescriptor() is readable, and Reconnect takes the
+// display back, shows the line at once, and tells so once too.
 #ifndef BRAILLE_BRAILLE_PRESENTER_H_
 #define BRAILLE_BRAILLE_PRESENTER_H_
 
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "braille/braille_display.h"
+#include "braille/display_opener.h"
 #include "controls/presenter.h"
 
 // Text to Unicode Braille cells, with in `sources` the unit of the text that
@@ -32,19 +36,23 @@ using CellTranslator =
 
 class BraillePresenter : public Presenter {
  public:
-  // The display stays the caller's and must outlive the presenter.
-  BraillePresenter(BrailleDisplay& display, CellTranslator translate, FILE* notices);
+  // The display is shared with the thread that opens it again; a missing
+  // one is tried every `retry`.
+  BraillePresenter(std::shared_ptr<BrailleDisplay> display, CellTranslator translate,
+                   FILE* notices, std::chrono::milliseconds retry = std::chrono::seconds(3));
   BraillePresenter(const BraillePresenter&) = delete;
   BraillePresenter& operator=(const BraillePresenter&) = delete;
 
-  // Opens the display; false, told, when there is none.
-  bool Start();
+  // Opens the display, waiting for it no longer than `patience`; false,
+  // told, when there is none or it has not answered by then (it is tried
+  // again meanwhile).
+  bool Start(std::chrono::milliseconds patience = std::chrono::seconds(2));
   // True while the display is there to write to.
   bool Connected() const { return connected_; }
-  // True when a display was asked for (Start) and is not there.
-  bool Missing() const { return started_ && !connected_; }
-  // Tries once, quietly, to open a missing display; true, told, and the
-  // line shown on it, when it opens.
+  // Readable once a missing display has opened; -1 while none is tried.
+  int ReconnectDescriptor() const { return opener_.Descriptor(); }
+  // Without waiting: takes a missing display that has opened meanwhile;
+  // true, told, and the line shown on it, when it has.
   bool Reconnect();
 
   void ShowBraille(const CString& line) override;
@@ -81,10 +89,10 @@ class BraillePresenter : public Presenter {
   void Refresh();
   void Lose(const std::string& why);
 
-  BrailleDisplay& display_;
+  std::shared_ptr<BrailleDisplay> display_;  // used only while connected_
   CellTranslator translate_;
   FILE* notices_;            // where a loss is told
-  bool started_ = false;     // a display was asked for
+  DisplayOpener opener_;     // opens the display while it is missing
   bool connected_ = false;   // the display is open and ours
   CString line_;             // the line shown
   std::u16string cells_;     // its cells

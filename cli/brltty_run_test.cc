@@ -180,6 +180,12 @@ class BrlttyRunTest : public EpwingdictRunner {
   // Starts BRLTTY with the Virtual driver on a display of `width` cells,
   // then the reader at a terminal, on its first screen.
   void Start(int width) {
+    StartServer(width);
+    if (!HasFatalFailure()) StartReader();
+  }
+
+  // Starts BRLTTY on a display of `width` cells and a free BrlAPI port.
+  void StartServer(int width) {
     width_ = width;
     displayPort_ = display_.Listen();
     ASSERT_NE(displayPort_, 0);
@@ -194,8 +200,11 @@ class BrlttyRunTest : public EpwingdictRunner {
     }
     ASSERT_GE(server_, 0) << "no free port for BrlAPI";
     StartBrltty();
-    if (HasFatalFailure()) return;
+  }
 
+  // Starts the reader at a terminal of its own, using BRLTTY's display,
+  // and waits for its first screen.
+  void StartReader() {
     std::filesystem::create_directories(work / "run" / "epwingdict");
     ASSERT_TRUE(terminal_.Start({program.string(), "--card", card.string(), "--home", work.string(),
                                  "--speech", "none", "--braille", "brlapi"},
@@ -367,4 +376,43 @@ TEST_F(BrlttyRunTest, TheDisplayIsGivenBackOnCtrlZLostAndTakenAgain) {
   ASSERT_TRUE(terminal_.ReadUntil("検索結果:はな【鼻】\n")) << Shown();
   EXPECT_TRUE(display_.WaitForCells(Tenji("検索結果:はな【鼻】"))) << Shown();
   Leave();
+}
+
+// A BRLTTY that is stopped (kill -STOP) takes the reader's connection and
+// never answers: the reader starts all the same, saying so, the keys typed
+// at the terminal reach it, and the display is taken once BRLTTY goes on.
+TEST_F(BrlttyRunTest, AStoppedBrlttyHoldsUpNoKey) {
+  StartServer(12);
+  ASSERT_FALSE(HasFatalFailure());
+  ASSERT_EQ(kill(brlttyProcess_.Pid(), SIGSTOP), 0);
+  StartReader();
+  ASSERT_FALSE(HasFatalFailure());
+  EXPECT_EQ(terminal_.Count("epwingdict: no Braille display: BRLTTY cannot be used (it does not "
+                            "answer)"),
+            1u)
+      << Shown();
+  terminal_.Type("\t");
+  terminal_.Type("はな");
+  terminal_.Type("\r");
+  ASSERT_TRUE(terminal_.ReadUntil("検索結果:はな【花】\n")) << Shown();
+
+  ASSERT_EQ(kill(brlttyProcess_.Pid(), SIGCONT), 0);
+  EXPECT_TRUE(display_.WaitForCells(Tenji("検索結果:はな【花】"))) << Shown();
+  ASSERT_TRUE(terminal_.ReadUntil("epwingdict: the Braille display of BRLTTY is back\n")) << Shown();
+  ASSERT_TRUE(display_.Send("LnDn"));
+  ASSERT_TRUE(terminal_.ReadUntil("検索結果:はな【鼻】\n")) << Shown();
+  Leave();
+}
+
+// The reader leaves at once while its connection to a stopped BRLTTY
+// hangs.
+TEST_F(BrlttyRunTest, TheReaderLeavesAtOnceWhileBrlttyIsStopped) {
+  StartServer(12);
+  ASSERT_FALSE(HasFatalFailure());
+  ASSERT_EQ(kill(brlttyProcess_.Pid(), SIGSTOP), 0);
+  StartReader();
+  ASSERT_FALSE(HasFatalFailure());
+  terminal_.Type("\x04");
+  EXPECT_EQ(terminal_.Wait(), 0) << Shown();
+  kill(brlttyProcess_.Pid(), SIGCONT);
 }

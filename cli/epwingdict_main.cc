@@ -202,8 +202,7 @@ int main(int argc, char** argv) {
   // one is asked for, gets them too.
   const bool interactive = options.keys.empty();
   ConsoleLines lines(console, transcriptFile, options.console, interactive);
-  BrlapiDisplay display;
-  BraillePresenter braille(display, BrailleCellsWithSources, stderr);
+  BraillePresenter braille(std::make_shared<BrlapiDisplay>(), BrailleCellsWithSources, stderr);
   if (options.braille == "brlapi" || (options.braille.empty() && interactive)) braille.Start();
   PresenterPair onDisplay(lines.presenter(), braille);
   Presenter& shown = onDisplay;

@@ -8,12 +8,11 @@
 // talk to BRLTTY, so the stop is deferred to this wait, which the reader
 // is in whenever it is idle. A display that goes away (BRLTTY stops) is
 // told once by the Braille presenter; the terminal's keys go on as before.
-// While a display is missing, the wait tries to take it again every few
-// seconds (`retry`), when no key waits, with no wakeups between tries.
+// While a display is missing, the presenter opens it again on a thread of
+// its own; the wait wakes when it has opened and takes it back before the
+// next key, and never waits for the opening itself.
 #ifndef TASKMAN_INPUT_WAIT_H_
 #define TASKMAN_INPUT_WAIT_H_
-
-#include <chrono>
 
 #include "braille/braille_presenter.h"
 #include "taskman/task_script.h"
@@ -23,8 +22,7 @@ class InputWait {
  public:
   // Both stay the caller's and must outlive the wait; `braille` may be
   // null (no display asked for).
-  InputWait(TerminalKeys& keyboard, BraillePresenter* braille,
-            std::chrono::milliseconds retry = std::chrono::seconds(3));
+  InputWait(TerminalKeys& keyboard, BraillePresenter* braille);
   InputWait(const InputWait&) = delete;
   InputWait& operator=(const InputWait&) = delete;
 
@@ -35,14 +33,9 @@ class InputWait {
  private:
   // Gives the display back, stops, and takes the display again.
   void Stop();
-  // Tries a missing display again when its time has come; the wait's
-  // timeout in milliseconds until the next try, -1 for none.
-  int RetryMissingDisplay();
 
   TerminalKeys& keyboard_;
-  BraillePresenter* braille_;          // null without a display
-  std::chrono::milliseconds retry_;    // between tries of a missing display
-  std::chrono::steady_clock::time_point nextTry_;  // of a missing display; zero when none is due
+  BraillePresenter* braille_;  // null without a display
 };
 
 #endif  // TASKMAN_INPUT_WAIT_H_

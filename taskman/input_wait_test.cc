@@ -37,7 +37,7 @@ class InputWaitTest : public ::testing::Test {
   void SetUp() override {
     ASSERT_EQ(pipe(terminal_), 0);
     ASSERT_EQ(pipe2(displayPipe_, O_NONBLOCK), 0);
-    display_.descriptor = displayPipe_[0];
+    display_->descriptor = displayPipe_[0];
     ASSERT_TRUE(braille_.Start());
   }
   void TearDown() override {
@@ -46,7 +46,7 @@ class InputWaitTest : public ::testing::Test {
   }
   // The display has keys for the reader.
   void Press(std::vector<uint64_t> keys) {
-    display_.keys.insert(display_.keys.end(), keys.begin(), keys.end());
+    display_->keys.insert(display_->keys.end(), keys.begin(), keys.end());
     ASSERT_EQ(write(displayPipe_[1], "k", 1), 1);
   }
   void Type(const std::string& bytes) {
@@ -55,9 +55,9 @@ class InputWaitTest : public ::testing::Test {
 
   int terminal_[2] = {-1, -1};
   int displayPipe_[2] = {-1, -1};
-  FakeDisplay display_{8};
+  std::shared_ptr<FakeDisplay> display_ = std::make_shared<FakeDisplay>(8);
   Notices notices_;
-  BraillePresenter braille_{display_, Cells, notices_.File()};
+  BraillePresenter braille_{display_, Cells, notices_.File(), std::chrono::milliseconds(1)};
 };
 
 TEST_F(InputWaitTest, KeysOfEitherComeInOneWaitAndRoutingFollowsThePannedWindow) {
@@ -113,26 +113,42 @@ TEST_F(InputWaitTest, KeysOfEitherComeInOneWaitAndRoutingFollowsThePannedWindow)
   EXPECT_EQ(notices_.Text(), "");
 }
 
-// BRLTTY goes away and comes back: the loss is told, the terminal goes
-// on, the display is tried again quietly until it opens, and then shows
-// the line, told once.
-TEST_F(InputWaitTest, ALostDisplayIsTakenAgainOnceItIsBack) {
+// BRLTTY goes away and comes back, first refusing, then taking the
+// connection and answering only after a long while: the loss is told, the
+// terminal's keys go on while the display is tried again, and once it
+// opens the wait wakes, without a key, to show the line on it, told once.
+TEST_F(InputWaitTest, KeysComeWhileALostDisplayIsTriedAgainAndItIsTakenOnceItOpens) {
   TerminalKeys keys(terminal_[0]);
-  InputWait wait(keys, &braille_, std::chrono::milliseconds(10));
+  InputWait wait(keys, &braille_);
   braille_.ShowBraille(u"AB");
-  display_.keysLost = true;
-  display_.refusals = 3;
-  display_.onOpen = [this]() { Type("\t"); };  // a key pressed as it comes back
-  ASSERT_EQ(write(displayPipe_[1], "k", 1), 1);     // BRLTTY went away
-  Type("a");
+  display_->keysLost = true;
+  display_->Refuse(3);
+  display_->Hold();
+  ASSERT_EQ(write(displayPipe_[1], "k", 1), 1);  // BRLTTY went away
+  // A key typed while the display is tried again, its open hanging.
+  std::thread typist([this]() {
+    if (display_->AwaitOpening()) Type("a");
+  });
   TaskAction action;
   ASSERT_TRUE(wait.Next(action));
+  typist.join();
   EXPECT_EQ(action.text, CString(u"a"));
+  EXPECT_FALSE(braille_.Connected());
+
+  // Let go, it is refused three times more and then opens; a key is
+  // typed only once the line is on the display again.
+  display_->Let();
+  typist = std::thread([this]() {
+    for (int waited = 0; display_->writes < 2 && waited < 10000; waited += 5) usleep(5000);
+    Type("\t");
+  });
   ASSERT_TRUE(wait.Next(action));
+  typist.join();
+  EXPECT_EQ(display_->writes, 2);  // before the key, which ends the wait
   EXPECT_EQ(action.number, static_cast<uint32_t>(KEY_NEXT_CTRL));
   EXPECT_TRUE(braille_.Connected());
-  EXPECT_EQ(display_.refusals, 0);
-  EXPECT_EQ(display_.written, (std::vector<std::u16string>{u"⠁⠁", u"⠁⠁"}));
+  EXPECT_EQ(display_->Opened(), 2);  // at the start and now
+  EXPECT_EQ(display_->written, (std::vector<std::u16string>{u"⠁⠁", u"⠁⠁"}));
   EXPECT_EQ(notices_.Text(),
             "epwingdict: the Braille display of fake was lost (gone); Braille goes on on the "
             "terminal until it is back\n"
@@ -141,7 +157,8 @@ TEST_F(InputWaitTest, ALostDisplayIsTakenAgainOnceItIsBack) {
 
 // Ctrl-Z in a process of its own, on a pseudo-terminal: the display is
 // given back before the process stops and taken again, showing the line,
-// once it is continued; the key typed before goes on to the reader.
+// once it is continued; the key typed before goes on to the reader. Once
+// the display is lost and its open hangs, Ctrl-Z still stops at once.
 TEST(InputWaitStopTest, CtrlZGivesTheDisplayBackUntilTheProcessIsContinued) {
   const pid_t child = fork();
   ASSERT_GE(child, 0);
@@ -149,9 +166,9 @@ TEST(InputWaitStopTest, CtrlZGivesTheDisplayBackUntilTheProcessIsContinued) {
     const int leader = posix_openpt(O_RDWR | O_NOCTTY);
     if (leader < 0 || grantpt(leader) != 0 || unlockpt(leader) != 0) _exit(2);
     const int follower = open(ptsname(leader), O_RDWR | O_NOCTTY);
-    FakeDisplay display(8);
+    auto display = std::make_shared<FakeDisplay>(8);
     Notices notices;
-    BraillePresenter braille(display, Cells, notices.File());
+    BraillePresenter braille(display, Cells, notices.File(), std::chrono::milliseconds(1));
     if (follower < 0 || !braille.Start()) _exit(2);
     TerminalKeys keys(follower);
     InputWait wait(keys, &braille);
@@ -159,15 +176,24 @@ TEST(InputWaitStopTest, CtrlZGivesTheDisplayBackUntilTheProcessIsContinued) {
     if (write(leader, "\t", 1) != 1) _exit(2);
     raise(SIGTSTP);  // only noted: the process goes on to its wait
     TaskAction action;
-    const bool shown = display.written == std::vector<std::u16string>{u"⠁⠁"};
+    const bool shown = display->written == std::vector<std::u16string>{u"⠁⠁"};
     const bool next = wait.Next(action) && action.number == KEY_NEXT_CTRL;
-    const bool again = display.written == std::vector<std::u16string>{u"⠁⠁", u"(released)", u"⠁⠁"};
-    _exit(shown && next && again ? 0 : 1);
+    const bool again = display->written == std::vector<std::u16string>{u"⠁⠁", u"(released)", u"⠁⠁"};
+
+    display->Hold();
+    display->failAt = 4;
+    braille.ShowBraille(u"CD");
+    if (braille.Connected() || !display->AwaitOpening() || write(leader, "\t", 1) != 1) _exit(2);
+    raise(SIGTSTP);
+    const bool stoppedWhileOpening = wait.Next(action) && action.number == KEY_NEXT_CTRL;
+    _exit(shown && next && again && stoppedWhileOpening ? 0 : 1);
   }
   int status = 0;
-  ASSERT_EQ(waitpid(child, &status, WUNTRACED), child);
-  ASSERT_TRUE(WIFSTOPPED(status)) << status;
-  kill(child, SIGCONT);
+  for (int stop = 0; stop < 2; ++stop) {
+    ASSERT_EQ(waitpid(child, &status, WUNTRACED), child);
+    ASSERT_TRUE(WIFSTOPPED(status)) << status;
+    kill(child, SIGCONT);
+  }
   ASSERT_EQ(waitpid(child, &status, 0), child);
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }
