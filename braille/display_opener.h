@@ -8,9 +8,8 @@
 // display and makes Descriptor() readable, and the owner, on its own
 // thread, takes the display back with Opened(). While tries are under way
 // the display is the thread's alone: the owner calls nothing of it but
-// its Name (BrlAPI
-// keeps one connection for the whole process, not to be used by two
-// threads at once).
+// its Name (BrlAPI keeps one connection for the whole process, not to be
+// used by two threads at once).
 //
 // The thread is never waited for: the opener's end only tells it to stop,
 // and an Open under way is left to finish on its own or to the process's
